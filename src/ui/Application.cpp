@@ -1,0 +1,43 @@
+#include "ui/Application.h"
+
+#include "ui/Boite.h"
+#include "ui/Fin.h"
+
+namespace ui {
+
+ErreurExecution::ErreurExecution(const QString& description)
+    : std::runtime_error(description.toStdString()) {}
+
+void LeverErreurExecution(const QString& description) {
+    throw ErreurExecution(description);
+}
+
+void SignalerErreurExecution(const QString& description) {
+    static bool enCours = false;
+    if (!enCours) {
+        enCours = true;
+        Boite(description, QStringLiteral("Erreur d'exécution"), Icone::Critique);
+        enCours = false;
+    }
+    try {
+        TerminerProgramme(1);
+    } catch (const FinProgramme&) {
+    }
+}
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+
+bool Application::notify(QObject* objet, QEvent* evenement) {
+    try {
+        return QApplication::notify(objet, evenement);
+    } catch (const FinProgramme&) {
+        // Fin observée par un test : rien d'autre à faire.
+    } catch (const std::exception& erreur) {
+        SignalerErreurExecution(QString::fromUtf8(erreur.what()));
+    } catch (...) {
+        SignalerErreurExecution(QStringLiteral("Erreur inconnue"));
+    }
+    return false;
+}
+
+} // namespace ui

@@ -1,0 +1,145 @@
+#include "ui/EcranModal.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QHideEvent>
+#include <QPointer>
+
+namespace ui {
+
+namespace {
+QList<EcranModal*> pile;
+}
+
+EcranModal::EcranModal(QWidget* parent) : QDialog(parent) {}
+
+EcranModal::~EcranModal() {
+    pile.removeAll(this);
+}
+
+int EcranModal::exec() {
+    if (boucle) {
+        qWarning("EcranModal::exec : écran %s déjà chargé", qPrintable(objectName()));
+        return -1;
+    }
+    const bool detruireALaFermeture = testAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    const bool etaitModal = testAttribute(Qt::WA_ShowModal);
+    setAttribute(Qt::WA_ShowModal, true);
+    setResult(0);
+    fini = false;
+    quitte = false;
+    masqueParPile = false;
+
+    QPointer<EcranModal> dessous = pile.isEmpty() ? nullptr : pile.last();
+    pile.append(this);
+    QPointer<EcranModal> garde(this);
+    QEventLoop boucleLocale;
+    boucle = &boucleLocale;
+    show();
+    // Sa propre boucle, et non celle de QDialog : cacher l'écran du dessous ne doit pas
+    // terminer son exec().
+    if (garde && !fini && dessous && masquerDessous && dessous->isVisible()) dessous->Masquer();
+    if (garde && !fini) boucleLocale.exec(QEventLoop::DialogExec);
+    if (!garde) return QDialog::Rejected;
+    boucle = nullptr;
+    pile.removeAll(this);
+    setAttribute(Qt::WA_ShowModal, etaitModal);
+    const int resultat = result();
+    if (dessous && dessous->masqueParPile && !dessous->quitte && !dessous->fini)
+        dessous->Remontrer();
+    if (detruireALaFermeture) delete this;
+    return resultat;
+}
+
+void EcranModal::done(int resultat) {
+    fini = true;
+    masqueParPile = false;
+    QPointer<EcranModal> garde(this);
+    QDialog::done(resultat);
+    if (garde && boucle) boucle->exit();
+}
+
+void EcranModal::hideEvent(QHideEvent* evenement) {
+    QDialog::hideEvent(evenement);
+    // Caché par un autre que la pile : comme QDialog, la boucle modale se termine.
+    if (boucle && !masqueParPile && !evenement->spontaneous()) {
+        fini = true;
+        boucle->exit();
+    }
+}
+
+void EcranModal::Masquer() {
+    masqueParPile = true;
+    hide();
+}
+
+void EcranModal::Remontrer() {
+    masqueParPile = false;
+    show();
+    raise();
+    activateWindow();
+}
+
+void EcranModal::Retour() {
+    done(CodeRetour);
+}
+
+void EcranModal::Quitter() {
+    const int rang = pile.indexOf(this);
+    int niveaux = 1;
+    for (int i = rang; i >= 0; --i) {
+        if (pile[i]->debutChaine) {
+            niveaux = rang - i + 1;
+            break;
+        }
+    }
+    QuitterNiveaux(niveaux);
+}
+
+void EcranModal::QuitterNiveaux(int niveaux) {
+    const int rang = pile.indexOf(this);
+    if (rang < 0) {
+        quitte = true;
+        done(CodeQuitter);
+        return;
+    }
+    // Les écrans au-dessus de celui-ci partent aussi, en premier.
+    QList<EcranModal*> ecrans;
+    for (int i = pile.size() - 1; i >= 0 && i > rang - qMax(1, niveaux); --i)
+        ecrans.append(pile[i]);
+    Decharger(ecrans);
+}
+
+void EcranModal::Decharger(const QList<EcranModal*>& ecrans) {
+    QList<QPointer<EcranModal>> gardes;
+    for (EcranModal* e : ecrans) {
+        e->quitte = true;
+        gardes.append(e);
+    }
+    for (int i = 0; i < gardes.size(); ++i) {
+        if (i > 0) QCoreApplication::processEvents();
+        if (gardes[i]) gardes[i]->done(CodeQuitter);
+    }
+}
+
+QList<EcranModal*> PileModale::Ecrans() {
+    return pile;
+}
+
+EcranModal* PileModale::Sommet() {
+    return pile.isEmpty() ? nullptr : pile.last();
+}
+
+void PileModale::FermerTout() {
+    QList<QPointer<EcranModal>> gardes;
+    for (int i = pile.size() - 1; i >= 0; --i)
+        gardes.append(pile[i]);
+    for (auto& e : gardes) {
+        if (!e) continue;
+        e->quitte = true;
+        e->done(QDialog::Rejected);
+    }
+}
+
+} // namespace ui

@@ -1,0 +1,76 @@
+#pragma once
+// Les écrans montrés de façon modale forment une pile dont seul le sommet est visible :
+// un écran cache celui du dessous quand il se charge ; "<-Retour" le décharge et rend
+// l'écran du dessous visible ; "&Quitter" le décharge avec ceux du dessous, du haut vers
+// le bas, en laissant passer les événements en attente entre deux déchargements.
+
+#include <QDialog>
+#include <QList>
+
+class QEventLoop;
+
+namespace ui {
+
+namespace PileModale {
+void FermerTout();
+}
+
+class EcranModal : public QDialog {
+    Q_OBJECT
+public:
+    // Codes rendus par exec().
+    enum Code { CodeRetour = QDialog::Rejected, CodeOK = QDialog::Accepted, CodeQuitter = 2 };
+
+    explicit EcranModal(QWidget* parent = nullptr);
+    ~EcranModal() override;
+
+    // Montre l'écran de façon modale, cache l'écran du dessous et le remontre au retour
+    // s'il n'a pas été déchargé entre-temps.
+    int exec() override;
+
+    // Premier écran d'une chaîne : "&Quitter" d'un écran au-dessus s'arrête à lui (inclus).
+    void FixerDebutChaine(bool debut) { debutChaine = debut; }
+    bool DebutChaine() const { return debutChaine; }
+    // Un écran peut laisser visible celui du dessous (vrai par défaut : il le cache).
+    void FixerMasquerDessous(bool masquer) { masquerDessous = masquer; }
+
+    bool Charge() const { return boucle != nullptr; }
+    bool MasqueParPile() const { return masqueParPile; }
+    // Vrai quand l'écran a été déchargé par un "&Quitter".
+    bool Quitte() const { return quitte; }
+
+public slots:
+    void Retour();
+    // Décharge cet écran et ceux du dessous jusqu'au début de la chaîne inclus (cet écran
+    // seul s'il n'est dans aucune chaîne).
+    void Quitter();
+    // Décharge cet écran et niveaux - 1 écrans sous lui.
+    void QuitterNiveaux(int niveaux);
+    void done(int resultat) override;
+
+protected:
+    void hideEvent(QHideEvent* evenement) override;
+
+private:
+    void Masquer();
+    void Remontrer();
+    void Decharger(const QList<EcranModal*>& ecrans);
+    friend void PileModale::FermerTout();
+
+    QEventLoop* boucle = nullptr;
+    bool fini = false;
+    bool masqueParPile = false;
+    bool quitte = false;
+    bool debutChaine = false;
+    bool masquerDessous = true;
+};
+
+namespace PileModale {
+// Ecrans chargés, du bas vers le haut.
+QList<EcranModal*> Ecrans();
+EcranModal* Sommet();
+// Décharge tous les écrans, le plus haut d'abord (fin du programme).
+void FermerTout();
+} // namespace PileModale
+
+} // namespace ui
