@@ -24,10 +24,8 @@ private slots:
     void doublerGuillemets();
     void sansEspaces_data();
     void sansEspaces();
-    void pointVersVirgule_data();
-    void pointVersVirgule();
-    void virguleVersPoint_data();
-    void virguleVersPoint();
+    void separateurDecimal_data();
+    void separateurDecimal();
     void texteErreur_lignesDeTiretsNumeroEtLibelle();
     void afficherErreur_boiteCritiqueAvecLeTexte();
     void afficherErreur_sansErreurAucuneBoite();
@@ -192,46 +190,40 @@ void TestTexte::sansEspaces() {
     QCOMPARE(SansEspaces(texte), attendu);
 }
 
-void TestTexte::pointVersVirgule_data() {
+// Les deux routines sont symétriques : chaque cas est essayé dans les deux sens.
+void TestTexte::separateurDecimal_data() {
     QTest::addColumn<QString>("texte");
-    QTest::addColumn<QString>("attendu");
+    QTest::addColumn<QString>("versVirgule");
+    QTest::addColumn<QString>("versPoint");
     QTest::newRow("rogneEtRemplace") << "  12.5  "
-                                     << "12,5";
-    QTest::newRow("premierPointSeulement") << "1.2.3"
-                                           << "1,2.3";
-    QTest::newRow("sansPointRogneSeulement") << " 12,5 "
-                                             << "12,5";
-    QTest::newRow("texteVide") << ""
-                               << "";
-    QTest::newRow("pointSeul") << "."
-                               << ",";
-}
-
-void TestTexte::pointVersVirgule() {
-    QFETCH(QString, texte);
-    QFETCH(QString, attendu);
-    QCOMPARE(PointVersVirgule(texte), attendu);
-}
-
-void TestTexte::virguleVersPoint_data() {
-    QTest::addColumn<QString>("texte");
-    QTest::addColumn<QString>("attendu");
-    QTest::newRow("rogneEtRemplace") << "  12,5  "
+                                     << "12,5"
                                      << "12.5";
-    QTest::newRow("premiereVirguleSeulement") << "1,2,3"
-                                              << "1.2,3";
-    QTest::newRow("sansVirguleRogneSeulement") << " 12.5 "
-                                               << "12.5";
+    QTest::newRow("premierSeulement") << "1.2,3"
+                                      << "1,2,3"
+                                      << "1.2.3";
+    QTest::newRow("autreSeparateurRogneSeulement") << " 12,5 "
+                                                   << "12,5"
+                                                   << "12.5";
     QTest::newRow("texteVide") << ""
+                               << ""
                                << "";
-    QTest::newRow("virguleSeule") << ","
-                                  << ".";
+    QTest::newRow("separateurSeul") << "."
+                                    << ","
+                                    << ".";
+    QTest::newRow("deuxPoints") << "1.2.3"
+                                << "1,2.3"
+                                << "1.2.3";
+    QTest::newRow("deuxVirgules") << "1,2,3"
+                                  << "1,2,3"
+                                  << "1.2,3";
 }
 
-void TestTexte::virguleVersPoint() {
+void TestTexte::separateurDecimal() {
     QFETCH(QString, texte);
-    QFETCH(QString, attendu);
-    QCOMPARE(VirguleVersPoint(texte), attendu);
+    QFETCH(QString, versVirgule);
+    QFETCH(QString, versPoint);
+    QCOMPARE(PointVersVirgule(texte), versVirgule);
+    QCOMPARE(VirguleVersPoint(texte), versPoint);
 }
 
 void TestTexte::texteErreur_lignesDeTiretsNumeroEtLibelle() {
