@@ -1,6 +1,6 @@
 #include "ui/EcranModal.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEventLoop>
 #include <QHideEvent>
 #include <QPointer>
@@ -132,11 +132,24 @@ EcranModal* PileModale::Sommet() {
 }
 
 void PileModale::FermerTout() {
+    // D'abord les fenêtres modales visibles, la plus haute d'abord (boîtes, dialogues).
+    for (int garde = 0; garde < 100; ++garde) {
+        QWidget* haut = QApplication::activeModalWidget();
+        if (!haut) break;
+        if (auto* ecran = qobject_cast<EcranModal*>(haut)) ecran->quitte = true;
+        if (auto* dialogue = qobject_cast<QDialog*>(haut))
+            dialogue->reject();
+        else
+            haut->close();
+        if (haut->isVisible()) haut->hide();
+        if (QApplication::activeModalWidget() == haut) break;
+    }
+    // Puis les écrans de la pile que l'écran du dessus avait cachés.
     QList<QPointer<EcranModal>> gardes;
     for (int i = pile.size() - 1; i >= 0; --i)
         gardes.append(pile[i]);
     for (auto& e : gardes) {
-        if (!e) continue;
+        if (!e || e->fini) continue;
         e->quitte = true;
         e->done(QDialog::Rejected);
     }

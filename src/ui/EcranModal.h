@@ -69,7 +69,8 @@ namespace PileModale {
 // Ecrans chargés, du bas vers le haut.
 QList<EcranModal*> Ecrans();
 EcranModal* Sommet();
-// Décharge tous les écrans, le plus haut d'abord (fin du programme).
+// Ferme toutes les fenêtres modales puis décharge tous les écrans, le plus haut d'abord
+// (fin du programme, échec d'un test).
 void FermerTout();
 } // namespace PileModale
 

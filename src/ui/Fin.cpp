@@ -2,10 +2,8 @@
 
 #include "ui/EcranModal.h"
 
-#include <QApplication>
-#include <QDialog>
+#include <QCoreApplication>
 #include <QSettings>
-#include <QWidget>
 #include <cstdio>
 #include <cstdlib>
 
@@ -30,23 +28,6 @@ void FermerBase() {
     fermetureEnCours = false;
 }
 
-// Ferme toutes les fenêtres modales, la plus haute d'abord, puis les écrans de la pile
-// que l'écran du dessus avait cachés.
-void FermerFenetresModales() {
-    if (!qApp) return;
-    for (int garde = 0; garde < 100; ++garde) {
-        QWidget* haut = QApplication::activeModalWidget();
-        if (!haut) break;
-        if (auto* dialogue = qobject_cast<QDialog*>(haut))
-            dialogue->reject();
-        else
-            haut->close();
-        if (haut->isVisible()) haut->hide();
-        if (QApplication::activeModalWidget() == haut) break;
-    }
-    PileModale::FermerTout();
-}
-
 } // namespace
 
 void TerminerProgramme(int code) {
@@ -59,7 +40,7 @@ void TerminerProgramme(int code) {
         std::fflush(stderr);
         std::_Exit(code);
     }
-    FermerFenetresModales();
+    if (qApp) PileModale::FermerTout();
     throw FinProgramme(code);
 }
 
