@@ -22,6 +22,8 @@ Grille::Grille(QWidget* parent) : QTreeWidget(parent) {
     // Les cellules ne s'ouvrent que sur demande de l'écran (clic, Entrée selon l'écran).
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSortingEnabled(false);
+    // Chaque colonne garde sa largeur, la dernière comprise.
+    header()->setStretchLastSection(false);
     header()->setSectionsClickable(true);
     header()->setSortIndicatorShown(false);
     connect(header(), &QHeaderView::sectionClicked, this, &Grille::TitreClique);
@@ -207,7 +209,7 @@ bool Grille::EditerCellule(int ligne, int colonne) {
     }
     setCurrentItem(e, colonne);
     scrollToItem(e);
-    return QAbstractItemView::edit(index, QAbstractItemView::AllEditTriggers, nullptr);
+    return edit(index, QAbstractItemView::AllEditTriggers, nullptr);
 }
 
 bool Grille::edit(const QModelIndex& index, EditTrigger declencheur, QEvent* evenement) {
@@ -253,6 +255,9 @@ void Grille::commitData(QWidget* editeur) {
 }
 
 void Grille::closeEditor(QWidget* editeur, QAbstractItemDelegate::EndEditHint indice) {
+    // Une boîte montrée par la validation prend le focus : l'éditeur reste ouvert jusqu'à
+    // la fin de la validation, qui le fermera elle-même.
+    if (enValidation && editeur == editeurOuvert) return;
     if (refusee && editeur == editeurOuvert) {
         // La validation garde la saisie : l'éditeur reste ouvert, le texte sélectionné.
         refusee = false;
