@@ -32,9 +32,9 @@ protected:
 QPointer<QDialog> fenetre;
 
 QDialog* PreparerFenetre() {
-    // Rattachée à l'écran modal du moment, sinon celui-ci la bloquerait.
+    // Rattachée à l'écran modal du moment, sinon celui-ci la bloquerait ; sans écran
+    // modal, fenêtre indépendante.
     QWidget* parent = QApplication::activeModalWidget();
-    if (!parent) parent = QApplication::activeWindow();
     if (parent && parent->objectName() == QLatin1String("Aide")) parent = parent->parentWidget();
     if (!fenetre) {
         fenetre = new QDialog(parent);

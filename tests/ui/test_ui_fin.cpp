@@ -1,13 +1,17 @@
 // Fin du programme, erreur d'exécution et horloge.
+#include "EcransEssai.h"
 #include "support/DossierEssai.h"
+#include "support/PiloteModal.h"
 #include "ui/Application.h"
 #include "ui/Boite.h"
 #include "ui/Fin.h"
 #include "ui/Horloge.h"
 
 #include <QDialog>
+#include <QProcess>
 #include <QTimer>
 #include <QtTest>
+#include <cstdio>
 #include <stdexcept>
 
 using namespace ui;
@@ -88,6 +92,46 @@ private slots:
         QCOMPARE(JournalBoites()[0].icone, Icone::Critique);
     }
 
+    void erreurExecutionAvecLaVraieBoiteCliquee() {
+        support::PiloteModal pilote;
+        QString titre;
+        pilote.AttendreBoite("Indice en dehors de la plage", [&](QWidget* boite) {
+            titre = boite->windowTitle();
+            support::CliquerBouton(boite, "OK");
+        });
+        pilote.Demarrer();
+        Lanceur lanceur;
+        QMetaObject::invokeMethod(&lanceur, "Lancer", Qt::QueuedConnection);
+        QTRY_VERIFY_WITH_TIMEOUT(FinDemandee(), 3000);
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QCOMPARE(titre, QString("Erreur d'exécution"));
+        QCOMPARE(JournalBoites().size(), 1);
+    }
+
+    // Quitter depuis un écran de la chaîne : les écrans cachés dessous se ferment aussi.
+    void terminerDepuisUneChaineDEcransFermeTout() {
+        QStringList fermetures;
+        EcranEssai a("Choisais", &fermetures);
+        a.FixerDebutChaine(true);
+        a.ouvrirSuite = [&](EcranEssai* p) {
+            EcranEssai b("Saislog", &fermetures, p);
+            b.ouvrirSuite = [](EcranEssai*) { TerminerProgramme(0); };
+            b.exec();
+            // Après la fin, l'appelant le sait et ne fait rien d'autre.
+            if (!FinDemandee()) fermetures << "suite inattendue";
+        };
+        support::PiloteModal pilote;
+        pilote.Attendre("Choisais", support::Cliquer("Command1"))
+            .Attendre("Saislog", support::Cliquer("Command1"));
+        pilote.Demarrer();
+        a.exec();
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QVERIFY(FinDemandee());
+        QCOMPARE(fermetures, QStringList({"Saislog", "Choisais"}));
+        QVERIFY(!a.isVisible());
+        QVERIFY(ui::PileModale::Ecrans().isEmpty());
+    }
+
     void erreurExecutionVoulueDonneSaDescription() {
         RepondreBoite(Reponse::OK);
         Lanceur lanceur;
@@ -104,6 +148,31 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(FinDemandee(), 2000);
         QVERIFY(JournalBoites().isEmpty());
         QCOMPARE(CodeFin(), 0);
+    }
+
+    // Lancé seul dans un processus fils par le test suivant : la vraie fin du programme.
+    void enfantFinReelle() {
+        if (qEnvironmentVariable("MAROVAL_ENFANT") != "1")
+            QSKIP("exécuté seulement comme processus fils");
+        ObserverFin(false);
+        FixerFermetureBase([] { std::printf("base fermée\n"); });
+        std::printf("avant\n");
+        TerminerProgramme(7);
+    }
+
+    void finReelleFermeLaBaseEtSortAvecLeCode() {
+        QProcess fils;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("MAROVAL_ENFANT", "1");
+        fils.setProcessEnvironment(env);
+        fils.start(QCoreApplication::applicationFilePath(), {"enfantFinReelle"});
+        QVERIFY(fils.waitForFinished(20000));
+        QCOMPARE(fils.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(fils.exitCode(), 7);
+        const QString sortie = QString::fromUtf8(fils.readAllStandardOutput());
+        QVERIFY2(sortie.contains("avant\nbase fermée\n"), qPrintable(sortie));
+        // Rien après : ni la suite du test, ni le bilan de QtTest.
+        QVERIFY2(!sortie.contains("Totals"), qPrintable(sortie));
     }
 
     void horlogeFigeepuisRendueAuTempsReel() {

@@ -1,0 +1,135 @@
+// Aide par numéro de contexte, index, page absente ; captures d'écran de la boîte et de
+// l'aide (fichiers PNG dans $MAROVAL_CAPTURES, sinon dans le dossier temporaire).
+#include "EcransEssai.h"
+#include "support/DossierEssai.h"
+#include "support/PiloteModal.h"
+#include "ui/Aide.h"
+#include "ui/Boite.h"
+#include "ui/Dialogues.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QImage>
+#include <QMessageBox>
+#include <QTextBrowser>
+#include <QtTest>
+
+using namespace ui;
+using namespace support;
+
+namespace {
+
+QString TexteMontre() {
+    auto* navigateur = FenetreAide()->findChild<QTextBrowser*>("TexteAide");
+    return navigateur ? navigateur->toPlainText() : QString();
+}
+
+QString DossierCaptures() {
+    const QString dossier = qEnvironmentVariableIsSet("MAROVAL_CAPTURES")
+                                ? qEnvironmentVariable("MAROVAL_CAPTURES")
+                                : QDir::temp().filePath("maroval-captures");
+    QDir().mkpath(dossier);
+    return dossier;
+}
+
+// Une capture faite d'une seule couleur serait une fenêtre vide.
+bool ImageDessinee(const QImage& image) {
+    if (image.isNull()) return false;
+    const QRgb premier = image.pixel(0, 0);
+    for (int y = 0; y < image.height(); y += 3)
+        for (int x = 0; x < image.width(); x += 3)
+            if (image.pixel(x, y) != premier) return true;
+    return false;
+}
+
+} // namespace
+
+class TestAide : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { RemettreServicesAZero(); }
+    void cleanup() {
+        if (FenetreAide()) FenetreAide()->hide();
+    }
+
+    void indexMontreLaPageMenu() {
+        AfficherAideIndex();
+        QDialog* fenetre = FenetreAide();
+        QVERIFY(fenetre);
+        QCOMPARE(fenetre->objectName(), QString("Aide"));
+        QVERIFY(fenetre->isVisible());
+        QVERIFY(!fenetre->isModal());
+        QVERIFY(TexteMontre().contains("Aide de Maroval"));
+        QVERIFY(TexteMontre().contains("Sommaire"));
+        QCOMPARE(JournalDialogues().size(), 1);
+        QCOMPARE(JournalDialogues()[0].dialogue, Dialogue::AideIndex);
+        QCOMPARE(JournalDialogues()[0].resultat, QString(":/data/aide/menu.html"));
+        QVERIFY(JournalDialogues()[0].accepte);
+    }
+
+    void pageAbsenteMontreUnTexteFrancais() {
+        AfficherAide(9999);
+        QVERIFY(FenetreAide()->isVisible());
+        QVERIFY(TexteMontre().contains("Aucune aide n'est encore écrite pour cet écran."));
+        QCOMPARE(JournalDialogues().last().dialogue, Dialogue::Aide);
+        QCOMPARE(JournalDialogues().last().detail, QString("9999"));
+        QCOMPARE(JournalDialogues().last().resultat, QString(":/data/aide/9999.html"));
+        QVERIFY(!JournalDialogues().last().accepte);
+        QCOMPARE(PageAide(11), QString(":/data/aide/11.html"));
+    }
+
+    void lienVersUnePageAbsente() {
+        AfficherAideIndex();
+        auto* navigateur = FenetreAide()->findChild<QTextBrowser*>("TexteAide");
+        navigateur->setSource(QUrl("qrc:/data/aide/404.html"));
+        QVERIFY(TexteMontre().contains("Aucune aide n'est encore écrite pour cet écran."));
+    }
+
+    void aideDepuisUnEcranModalLuiEstRattachee() {
+        EcranEssai ecran("Saislog", nullptr);
+        connect(ecran.findChild<QPushButton*>("Command1"), &QPushButton::clicked, &ecran,
+                [] { AfficherAide(9); });
+        QWidget* parent = nullptr;
+        PiloteModal pilote;
+        pilote.Attendre("Saislog", Cliquer("Command1")).AttendreFenetre("Aide", [&](QWidget* aide) {
+            parent = aide->parentWidget();
+            CliquerBouton(&ecran, "Command2");
+        });
+        pilote.Demarrer();
+        ecran.exec();
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        // Sans cela l'écran modal bloquerait la fenêtre d'aide.
+        QCOMPARE(parent, static_cast<QWidget*>(&ecran));
+        QCOMPARE(JournalDialogues().last().detail, QString("9"));
+        // L'écran fermé, l'aide se montre encore.
+        AfficherAideIndex();
+        QVERIFY(FenetreAide()->isVisible());
+        QVERIFY(FenetreAide()->parentWidget() != &ecran);
+    }
+
+    void capturesDeLaBoiteEtDeLAide() {
+        const QString dossier = DossierCaptures();
+        QImage imageBoite;
+        PiloteModal pilote;
+        pilote.AttendreBoite("Si vous répondez OUI, vous supprimerez 12 écritures ! ! !",
+                             [&](QWidget* boite) {
+                                 imageBoite = boite->grab().toImage();
+                                 CliquerBouton(boite, "Non");
+                             });
+        pilote.Demarrer();
+        QCOMPARE(Boite("Si vous répondez OUI, vous supprimerez 12 écritures ! ! !",
+                       "ATTENTION.. DERNIER AVERTISSEMENT", Icone::Critique, Boutons::OuiNon, 2),
+                 Reponse::Non);
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QVERIFY(ImageDessinee(imageBoite));
+        QVERIFY(imageBoite.save(QDir(dossier).filePath("boite.png")));
+
+        AfficherAideIndex();
+        const QImage imageAide = FenetreAide()->grab().toImage();
+        QVERIFY(ImageDessinee(imageAide));
+        QVERIFY(imageAide.save(QDir(dossier).filePath("aide.png")));
+    }
+};
+
+QTEST_MAIN(TestAide)
+#include "test_ui_aide.moc"
