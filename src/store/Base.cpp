@@ -1,0 +1,141 @@
+#include "store/Base.h"
+
+#include "store/Reference.h"
+#include "ui/Fin.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <SQLiteCpp/Transaction.h>
+#include <memory>
+#include <stdexcept>
+#include <unordered_map>
+
+namespace {
+
+std::unique_ptr<SQLite::Database> g_base;
+QString g_chemin;
+std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> g_requetes;
+QHash<QString, int> g_largeurs; // "table.colonne" en minuscules -> largeur
+
+QString LireRessource(const QString& nom) {
+    QFile f(nom);
+    if (!f.open(QIODevice::ReadOnly))
+        throw std::runtime_error("Ressource introuvable : " + nom.toStdString());
+    return QString::fromUtf8(f.readAll());
+}
+
+void Reglages(SQLite::Database& db) {
+    db.exec("PRAGMA journal_mode=WAL");
+    db.exec("PRAGMA synchronous=FULL");
+    db.exec("PRAGMA foreign_keys=OFF");
+}
+
+void LireLargeurs(SQLite::Database& db) {
+    g_largeurs.clear();
+    static const QRegularExpression texte(QStringLiteral("^TEXT\\((\\d+)\\)"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    SQLite::Statement tables(db, "SELECT name FROM sqlite_master WHERE type='table'");
+    while (tables.executeStep()) {
+        const std::string nom = tables.getColumn(0).getString();
+        SQLite::Statement cols(db, "SELECT name, type FROM pragma_table_info(?)");
+        cols.bind(1, nom);
+        while (cols.executeStep()) {
+            const auto m = texte.match(QString::fromStdString(cols.getColumn(1).getString()));
+            if (m.hasMatch())
+                g_largeurs.insert((QString::fromStdString(nom) + '.' +
+                                   QString::fromUtf8(cols.getColumn(0).getText()))
+                                      .toLower(),
+                                  m.captured(1).toInt());
+        }
+    }
+}
+
+// Crée une base neuve à côté, la remplit, puis la met en place d'un seul renommage :
+// un arrêt pendant la création ne laisse jamais une base à moitié faite.
+void CreerBase(const QString& chemin) {
+    const QString provisoire = chemin + QStringLiteral(".creation");
+    QFile::remove(provisoire);
+    {
+        SQLite::Database db(provisoire.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Transaction t(db);
+        db.exec(LireRessource(QStringLiteral(":/data/schema.sql")).toStdString());
+        t.commit();
+        LireLargeurs(db);
+        ChargerTablesReference(db);
+        db.exec("PRAGMA journal_mode=DELETE");
+    }
+    if (!QFile::rename(provisoire, chemin))
+        throw std::runtime_error("Impossible de créer la base " + chemin.toStdString());
+}
+
+} // namespace
+
+SQLite::Database& Base() {
+    if (!g_base) throw std::runtime_error("La base maroval.mdb n'est pas ouverte.");
+    return *g_base;
+}
+
+bool BaseOuverte() {
+    return g_base != nullptr;
+}
+
+QString CheminBase() {
+    return g_chemin;
+}
+
+void OuvrirBase(const QString& dossierDonnees) {
+    FermerBase();
+    QDir().mkpath(dossierDonnees);
+    const QString chemin = QDir(dossierDonnees).filePath(QStringLiteral("maroval.mdb"));
+    if (!QFileInfo::exists(chemin)) CreerBase(chemin);
+    g_base = std::make_unique<SQLite::Database>(chemin.toStdString(), SQLite::OPEN_READWRITE);
+    g_chemin = chemin;
+    Reglages(*g_base);
+    LireLargeurs(*g_base);
+    ui::FixerFermetureBase([] { FermerBase(); });
+}
+
+void FermerBase() {
+    g_requetes.clear();
+    if (g_base) {
+        // Le journal WAL est reversé dans le fichier : la base reste un fichier autonome.
+        try {
+            g_base->exec("PRAGMA wal_checkpoint(TRUNCATE)");
+        } catch (const SQLite::Exception&) {
+        }
+        g_base.reset();
+    }
+    g_chemin.clear();
+}
+
+SQLite::Statement& Requete(const std::string& sql) {
+    auto& r = g_requetes[sql];
+    if (!r) {
+        r = std::make_unique<SQLite::Statement>(Base(), sql);
+    } else {
+        r->reset();
+        r->clearBindings();
+    }
+    return *r;
+}
+
+int LargeurColonne(const QString& table, const QString& colonne) {
+    return g_largeurs.value((table + '.' + colonne).toLower(), 0);
+}
+
+QString TexteRange(const QString& texte, int largeur) {
+    QString t = largeur > 0 ? texte.left(largeur) : texte;
+    qsizetype n = t.size();
+    while (n > 0 && t.at(n - 1) == QLatin1Char(' '))
+        --n;
+    t.truncate(n);
+    return t;
+}
+
+QString TexteLu(const QString& texte, int largeur) {
+    if (largeur <= 0) return texte;
+    return texte.left(largeur).leftJustified(largeur, QLatin1Char(' '));
+}
