@@ -56,8 +56,14 @@ QString SymboleDecimal() {
 
 } // namespace
 
+EcransDemarrage EcransParDefaut() {
+    // Les écrans réels du démarrage ; les tests les remplacent pour observer l'ordre.
+    EcransDemarrage e;
+    return e;
+}
+
 EcransDemarrage& ecransDemarrage() {
-    static EcransDemarrage e;
+    static EcransDemarrage e = EcransParDefaut();
     return e;
 }
 

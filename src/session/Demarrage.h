@@ -13,6 +13,8 @@ struct EcransDemarrage {
     std::function<void()> MontrerSociete; // choix de la société (modal)
 };
 EcransDemarrage& ecransDemarrage();
+// Les écrans réels (écran principal, reprise, choix de la société).
+EcransDemarrage EcransParDefaut();
 
 // La routine de démarrage ; arguments : ceux de la ligne de commande (le premier est le
 // programme). Rend faux quand le programme doit s'arrêter là.

@@ -74,7 +74,7 @@ private slots:
     void cleanup() {
         FermerBase();
         LibererDossierDonnees();
-        ecransDemarrage() = {};
+        ecransDemarrage() = EcransParDefaut();
         dossier.reset();
     }
 
