@@ -3,6 +3,10 @@
 #include "ui/Boite.h"
 #include "ui/Fin.h"
 
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
 namespace ui {
 
 ErreurExecution::ErreurExecution(const QString& description)
@@ -25,7 +29,15 @@ void SignalerErreurExecution(const QString& description) {
     }
 }
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // Textes des dialogues standard de Qt en français quand la traduction est installée.
+    auto* traduction = new QTranslator(this);
+    if (traduction->load(QLocale(QLocale::French), QStringLiteral("qtbase"), QStringLiteral("_"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(traduction);
+    else
+        delete traduction;
+}
 
 bool Application::notify(QObject* objet, QEvent* evenement) {
     try {

@@ -1,6 +1,7 @@
 #include "ui/Boite.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -119,6 +120,11 @@ Reponse Boite(const QString& texte, const QString& titre, Icone icone, Boutons b
         if (!ReponsePossible(boutons, reponse))
             qFatal("Boite : la réponse prévue « %s » n'est pas un bouton de la boîte « %s » (%s)",
                    qPrintable(LibelleReponse(reponse)), qPrintable(titre), qPrintable(texte));
+    } else if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
+        // Sans interface (outil en ligne de commande, test sans fenêtres) : le message va
+        // sur la sortie d'erreur et la boîte vaut comme fermée.
+        qWarning("%s : %s", qPrintable(titre), qPrintable(texte));
+        reponse = ReponseEchap(boutons);
     } else {
         reponse = MontrerBoite(texte, titre, icone, boutons, boutonParDefaut);
     }

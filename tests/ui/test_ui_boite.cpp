@@ -1,11 +1,11 @@
 // Boîtes de message : réponses d'avance, journal, vraie boîte cliquée, Echap.
 #include "support/DossierEssai.h"
+#include "support/ProcessusFils.h"
 #include "ui/Boite.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
-#include <QProcess>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
@@ -153,24 +153,20 @@ private slots:
 
     // Lancé seul dans un processus fils par le test suivant.
     void enfantReponseHorsBoutons() {
-        if (qEnvironmentVariable("MAROVAL_ENFANT") != "1")
-            QSKIP("exécuté seulement comme processus fils");
+        if (!support::EstProcessusFils()) QSKIP("exécuté seulement comme processus fils");
         RepondreBoite(Reponse::Oui);
         Boite("Information seule", "Maroval", Icone::Information, Boutons::OK);
     }
 
     void reponseHorsBoutonsArreteLeTestClairement() {
-        QProcess fils;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("MAROVAL_ENFANT", "1");
-        fils.setProcessEnvironment(env);
-        fils.start(QCoreApplication::applicationFilePath(), {"enfantReponseHorsBoutons"});
-        QVERIFY(fils.waitForFinished(20000));
-        const QString sortie =
-            QString::fromUtf8(fils.readAllStandardError() + fils.readAllStandardOutput());
-        QVERIFY(fils.exitStatus() == QProcess::CrashExit || fils.exitCode() != 0);
-        QVERIFY2(sortie.contains("la réponse prévue « Oui » n'est pas un bouton de la boîte"),
-                 qPrintable(sortie));
+        const support::ResultatFils fils =
+            support::LancerFonctionEnFils("enfantReponseHorsBoutons");
+        QVERIFY(fils.termine);
+        QVERIFY(fils.plante || fils.code != 0);
+        // QtTest écrit le message fatal dans son journal, sur la sortie standard.
+        const QString tout = fils.sortie + fils.erreurs;
+        QVERIFY2(tout.contains("la réponse prévue « Oui » n'est pas un bouton de la boîte"),
+                 qPrintable(tout));
     }
 };
 

@@ -2,13 +2,13 @@
 #include "EcransEssai.h"
 #include "support/DossierEssai.h"
 #include "support/PiloteModal.h"
+#include "support/ProcessusFils.h"
 #include "ui/Application.h"
 #include "ui/Boite.h"
 #include "ui/Fin.h"
 #include "ui/Horloge.h"
 
 #include <QDialog>
-#include <QProcess>
 #include <QTimer>
 #include <QtTest>
 #include <cstdio>
@@ -152,8 +152,7 @@ private slots:
 
     // Lancé seul dans un processus fils par le test suivant : la vraie fin du programme.
     void enfantFinReelle() {
-        if (qEnvironmentVariable("MAROVAL_ENFANT") != "1")
-            QSKIP("exécuté seulement comme processus fils");
+        if (!support::EstProcessusFils()) QSKIP("exécuté seulement comme processus fils");
         ObserverFin(false);
         FixerFermetureBase([] { std::printf("base fermée\n"); });
         std::printf("avant\n");
@@ -161,18 +160,13 @@ private slots:
     }
 
     void finReelleFermeLaBaseEtSortAvecLeCode() {
-        QProcess fils;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("MAROVAL_ENFANT", "1");
-        fils.setProcessEnvironment(env);
-        fils.start(QCoreApplication::applicationFilePath(), {"enfantFinReelle"});
-        QVERIFY(fils.waitForFinished(20000));
-        QCOMPARE(fils.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(fils.exitCode(), 7);
-        const QString sortie = QString::fromUtf8(fils.readAllStandardOutput());
-        QVERIFY2(sortie.contains("avant\nbase fermée\n"), qPrintable(sortie));
+        const support::ResultatFils fils = support::LancerFonctionEnFils("enfantFinReelle");
+        QVERIFY(fils.termine);
+        QVERIFY(!fils.plante);
+        QCOMPARE(fils.code, 7);
+        QVERIFY2(fils.sortie.contains("avant\nbase fermée\n"), qPrintable(fils.sortie));
         // Rien après : ni la suite du test, ni le bilan de QtTest.
-        QVERIFY2(!sortie.contains("Totals"), qPrintable(sortie));
+        QVERIFY2(!fils.sortie.contains("Totals"), qPrintable(fils.sortie));
     }
 
     void horlogeFigeepuisRendueAuTempsReel() {
