@@ -27,7 +27,8 @@ bench: configure
 fuzz: dependances
 	@test -f build-fuzz/build.ninja || CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DMAROVAL_FUZZ=ON
 	cmake --build build-fuzz -j $(JOBS) --target fuzz_textes
-	build-fuzz/fuzz/fuzz_textes -max_total_time=60 -rss_limit_mb=2048 fuzz/corpus
+	@mkdir -p build-fuzz/corpus
+	build-fuzz/fuzz/fuzz_textes -max_total_time=60 -rss_limit_mb=2048 build-fuzz/corpus fuzz/corpus
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
