@@ -1,0 +1,187 @@
+#pragma once
+// Outils communs aux tests des tables livrées (filtre, Tableau, PlanType) : lecture des
+// lignes chargées dans une base neuve, numéro cherché à la création d'un compte, copie
+// d'un plan type et comptes qu'une case de menu propose.
+
+#include "store/Base.h"
+#include "store/Routines.h"
+#include "support/DossierEssai.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+
+namespace essai {
+
+// Une base neuve, avec les tables livrées, dans un dossier de données temporaire.
+class BaseEssai {
+public:
+    BaseEssai() { OuvrirBase(dossier.Chemin()); }
+    ~BaseEssai() { FermerBase(); }
+    BaseEssai(const BaseEssai&) = delete;
+    BaseEssai& operator=(const BaseEssai&) = delete;
+
+private:
+    support::DossierEssai dossier;
+};
+
+// Exercice d'essai : société 1, année 2024.
+inline const QString CleEssai = QStringLiteral("012024");
+
+inline QString Colonne(SQLite::Statement& q, int i) {
+    return QString::fromUtf8(q.getColumn(i).getText()).trimmed();
+}
+
+// Numéro cherché dans filtre à la création d'un compte : sa valeur numérique (chiffres de
+// tête), complétée si elle a moins de trois chiffres par des zéros jusqu'à trois puis un
+// de plus (41 -> 4100, 40DUPONT -> 4000).
+inline QString CleFiltre(const QString& numero) {
+    const QString t = numero.trimmed();
+    qsizetype n = 0;
+    while (n < t.size() && t[n] >= QLatin1Char('0') && t[n] <= QLatin1Char('9'))
+        ++n;
+    QString v = QString::number(t.left(n).toLongLong());
+    if (v.size() < 3) v = v.leftJustified(3, QLatin1Char('0')) + QLatin1Char('0');
+    return v;
+}
+
+struct Plage {
+    QString inf, sup, message, ercpt, bilan;
+    bool tiers = false;
+    QString menu;
+};
+
+inline QList<Plage> Plages() {
+    QList<Plage> l;
+    SQLite::Statement q(Base(), "SELECT BorneInf, BorneSup, Message, ERCPT, Bilan, Tiers, Menu "
+                                "FROM filtre ORDER BY BorneInf");
+    while (q.executeStep())
+        l << Plage{Colonne(q, 0), Colonne(q, 1), Colonne(q, 2),
+                   Colonne(q, 3), Colonne(q, 4), q.getColumn(5).getInt() != 0,
+                   Colonne(q, 6)};
+    return l;
+}
+
+// Plage trouvée pour un numéro à la création d'un compte.
+inline table::Filtre FiltreDuCompte(const QString& numero) {
+    table::Filtre f = LireFiltre(CleFiltre(numero));
+    f.ERCPT = f.ERCPT.trimmed();
+    f.Bilan = f.Bilan.trimmed();
+    f.Menu = f.Menu.trimmed();
+    f.Message = f.Message.trimmed();
+    return f;
+}
+
+inline QList<table::Tableau> LignesTableau() {
+    QList<table::Tableau> l;
+    SQLite::Statement q(Base(),
+                        "SELECT tMenuLigne, tMenuPrincipal, tLibMenuprinc, tPremierMenu, tJournal, "
+                        "tMessage, tRappel, tNombre, tSigne, tTaille, tMenuAutorise "
+                        "FROM Tableau ORDER BY tMenuLigne");
+    while (q.executeStep()) {
+        table::Tableau t;
+        t.tMenuLigne = Colonne(q, 0);
+        t.tMenuPrincipal = Colonne(q, 1);
+        t.tLibMenuprinc = Colonne(q, 2);
+        t.tPremierMenu = Colonne(q, 3);
+        t.tJournal = Colonne(q, 4);
+        t.tMessage = Colonne(q, 5);
+        t.tRappel = q.getColumn(6).getInt() != 0;
+        t.tNombre = Colonne(q, 7);
+        t.tSigne = Colonne(q, 8);
+        t.tTaille = static_cast<table::Entier>(q.getColumn(9).getInt());
+        // Sans rogner : les positions des codes comptent.
+        t.tMenuAutorise = QString::fromUtf8(q.getColumn(10).getText());
+        l << t;
+    }
+    return l;
+}
+
+inline table::Tableau CaseDeMenu(const QString& cle) {
+    for (const table::Tableau& t : LignesTableau())
+        if (t.tMenuLigne == cle) return t;
+    return {};
+}
+
+// Codes d'une case, lus comme le choix des comptes les lit : tTaille codes de trois
+// caractères aux positions 1, 5, 9...
+inline QList<int> Classes(const table::Tableau& t) {
+    QList<int> l;
+    for (int i = 0; i < t.tTaille; ++i)
+        l << t.tMenuAutorise.mid(4 * i, 3).toInt();
+    return l;
+}
+
+inline bool ToutLePlan(const table::Tableau& t) {
+    return t.tTaille == 1 && t.tMenuAutorise.left(3).toInt() == 999;
+}
+
+// Crée le compte comme la création d'un compte du plan le fait : codes de la plage filtre
+// du numéro. Sans effet si le compte existe déjà.
+inline void CreerCompte(const QString& numero, const QString& libelle) {
+    table::Compte existant;
+    if (LireCompte(CleEssai, numero, existant)) return;
+    const table::Filtre f = FiltreDuCompte(numero);
+    table::Compte c;
+    c.CleCpt = CleEssai;
+    c.NumCpt = numero;
+    c.LibCpt = libelle;
+    c.ErCpt = f.ERCPT;
+    c.Bilan = f.Bilan;
+    c.Tiers = f.Tiers;
+    c.Menu = static_cast<table::Entier>(f.Menu.toInt());
+    c.Fisc = numero.left(2);
+    AjouterCompte(c);
+}
+
+// Copie de la totalité d'un plan type, puis les quatre comptes faits en quittant le plan.
+inline int CopierPlan(const QString& numPlan) {
+    // Une transaction pour la vitesse des tests : le résultat est celui des écritures une à une.
+    SQLite::Transaction t(Base());
+    Base().exec("DELETE FROM Compte");
+    SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt FROM PlanType WHERE NumPlan = ?");
+    q.bind(1, numPlan.toStdString());
+    int n = 0;
+    while (q.executeStep()) {
+        CreerCompte(Colonne(q, 0), Colonne(q, 1));
+        ++n;
+    }
+    CreerCompte(QStringLiteral("400"), QStringLiteral("Fournisseurs collectif"));
+    CreerCompte(QStringLiteral("410"), QStringLiteral("Clients collectif"));
+    CreerCompte(QStringLiteral("699"), QStringLiteral("Compte pour résultat positif"));
+    CreerCompte(QStringLiteral("799"), QStringLiteral("Compte pour résultat négatif"));
+    t.commit();
+    return n;
+}
+
+// Comptes de l'exercice d'essai qu'une case propose, par la requête du choix des comptes.
+inline QStringList ComptesProposes(const table::Tableau& t) {
+    std::string sql = "SELECT NumCpt FROM Compte WHERE CleCpt = ? AND ";
+    if (ToutLePlan(t)) {
+        sql += "NumCpt <> '400     ' AND NumCpt <> '410     ' AND NumCpt <> '699     ' AND "
+               "NumCpt <> '799     '";
+    } else {
+        QStringList conditions;
+        for (int c : Classes(t))
+            conditions << QStringLiteral("Menu = %1").arg(c);
+        sql += "(" + conditions.join(QStringLiteral(" OR ")).toStdString() + ")";
+    }
+    SQLite::Statement q(Base(), sql + " ORDER BY NumCpt");
+    q.bind(1, CleEssai.toStdString());
+    QStringList l;
+    while (q.executeStep())
+        l << Colonne(q, 0);
+    return l;
+}
+
+inline QStringList Plans() {
+    QStringList l;
+    SQLite::Statement q(Base(), "SELECT DISTINCT NumPlan FROM PlanType ORDER BY NumPlan");
+    while (q.executeStep())
+        l << Colonne(q, 0);
+    return l;
+}
+
+} // namespace essai
