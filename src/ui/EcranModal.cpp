@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QPointer>
+#include <QPushButton>
 
 namespace ui {
 
@@ -36,6 +38,7 @@ int EcranModal::exec() {
     QPointer<EcranModal> garde(this);
     QEventLoop boucleLocale;
     boucle = &boucleLocale;
+    RetirerBoutonsParDefautImplicites();
     show();
     // Sa propre boucle, et non celle de QDialog : cacher l'écran du dessous ne doit pas
     // terminer son exec().
@@ -46,8 +49,12 @@ int EcranModal::exec() {
     pile.removeAll(this);
     setAttribute(Qt::WA_ShowModal, etaitModal);
     const int resultat = result();
-    if (dessous && dessous->masqueParPile && !dessous->quitte && !dessous->fini)
-        dessous->Remontrer();
+    if (dessous && dessous->masqueParPile && !dessous->quitte && !dessous->fini) {
+        // Les événements en attente passent avant que l'écran du dessous revienne.
+        QCoreApplication::processEvents();
+        if (dessous && dessous->masqueParPile && !dessous->quitte && !dessous->fini)
+            dessous->Remontrer();
+    }
     if (detruireALaFermeture) delete this;
     return resultat;
 }
@@ -67,6 +74,20 @@ void EcranModal::hideEvent(QHideEvent* evenement) {
         fini = true;
         boucle->exit();
     }
+}
+
+void EcranModal::keyPressEvent(QKeyEvent* evenement) {
+    if (evenement->key() == Qt::Key_Escape && !echapFerme) {
+        evenement->accept();
+        return;
+    }
+    QDialog::keyPressEvent(evenement);
+}
+
+void EcranModal::RetirerBoutonsParDefautImplicites() {
+    // Sans cela, Entrée dans un champ actionnerait le premier bouton de l'écran.
+    for (QPushButton* bouton : findChildren<QPushButton*>())
+        if (!bouton->isDefault()) bouton->setAutoDefault(false);
 }
 
 void EcranModal::Masquer() {

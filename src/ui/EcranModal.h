@@ -33,6 +33,9 @@ public:
     bool DebutChaine() const { return debutChaine; }
     // Un écran peut laisser visible celui du dessous (vrai par défaut : il le cache).
     void FixerMasquerDessous(bool masquer) { masquerDessous = masquer; }
+    // Echap ne ferme l'écran que si on le veut (faux par défaut) ; Entrée n'actionne que
+    // le bouton marqué par défaut (setDefault), jamais le bouton qui a le focus.
+    void FixerEchapFerme(bool ferme) { echapFerme = ferme; }
 
     bool Charge() const { return boucle != nullptr; }
     bool MasqueParPile() const { return masqueParPile; }
@@ -50,8 +53,10 @@ public slots:
 
 protected:
     void hideEvent(QHideEvent* evenement) override;
+    void keyPressEvent(QKeyEvent* evenement) override;
 
 private:
+    void RetirerBoutonsParDefautImplicites();
     void Masquer();
     void Remontrer();
     void Decharger(const QList<EcranModal*>& ecrans);
@@ -63,6 +68,7 @@ private:
     bool quitte = false;
     bool debutChaine = false;
     bool masquerDessous = true;
+    bool echapFerme = false;
 };
 
 namespace PileModale {

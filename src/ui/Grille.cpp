@@ -298,6 +298,12 @@ void Grille::AnnulerEdition() {
 
 void Grille::keyPressEvent(QKeyEvent* evenement) {
     emit touche(evenement->key());
+    // Entrée appartient à la grille (ouvrir une cellule, choisir une ligne) : elle ne
+    // remonte pas à l'écran, où elle actionnerait un bouton.
+    if (evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter) {
+        evenement->accept();
+        return;
+    }
     QTreeWidget::keyPressEvent(evenement);
 }
 

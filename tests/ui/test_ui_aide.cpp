@@ -9,9 +9,11 @@
 
 #include <QDialog>
 #include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QMessageBox>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QtTest>
 
 using namespace ui;
@@ -22,6 +24,14 @@ namespace {
 QString TexteMontre() {
     auto* navigateur = FenetreAide()->findChild<QTextBrowser*>("TexteAide");
     return navigateur ? navigateur->toPlainText() : QString();
+}
+
+QString TexteDeLaPage(const QString& chemin) {
+    QFile page(chemin);
+    if (!page.open(QIODevice::ReadOnly)) return QString();
+    QTextDocument document;
+    document.setHtml(QString::fromUtf8(page.readAll()));
+    return document.toPlainText();
 }
 
 QString DossierCaptures() {
@@ -60,7 +70,7 @@ private slots:
         QVERIFY(fenetre->isVisible());
         QVERIFY(!fenetre->isModal());
         QVERIFY(TexteMontre().contains("Aide de Maroval"));
-        QVERIFY(TexteMontre().contains("Sommaire"));
+        QCOMPARE(TexteMontre(), TexteDeLaPage(":/data/aide/menu.html"));
         QCOMPARE(JournalDialogues().size(), 1);
         QCOMPARE(JournalDialogues()[0].dialogue, Dialogue::AideIndex);
         QCOMPARE(JournalDialogues()[0].resultat, QString(":/data/aide/menu.html"));
@@ -76,6 +86,18 @@ private slots:
         QCOMPARE(JournalDialogues().last().resultat, QString(":/data/aide/9999.html"));
         QVERIFY(!JournalDialogues().last().accepte);
         QCOMPARE(PageAide(11), QString(":/data/aide/11.html"));
+    }
+
+    void pageDUnContexteEcrite() {
+        // Les pages viennent avec les écrans : la première trouvée suffit.
+        const QStringList pages =
+            QDir(":/data/aide").entryList({"[0-9]*.html"}, QDir::Files, QDir::Name);
+        if (pages.isEmpty()) QSKIP("aucune page de contexte livrée");
+        const int contexte = pages.first().section('.', 0, 0).toInt();
+        AfficherAide(contexte);
+        QCOMPARE(TexteMontre(), TexteDeLaPage(PageAide(contexte)));
+        QVERIFY(JournalDialogues().last().accepte);
+        QCOMPARE(JournalDialogues().last().detail, QString::number(contexte));
     }
 
     void lienVersUnePageAbsente() {

@@ -7,8 +7,10 @@
 #include "ui/EcranModal.h"
 #include "ui/Grille.h"
 
+#include <QDialog>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QVBoxLayout>
@@ -365,6 +367,28 @@ private slots:
         QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
         QVERIFY(ouvertApresBoite);
         QCOMPARE(g->Texte(0, 2), QString("150"));
+    }
+
+    void entreeDansLaGrilleNActionnePasLeBoutonParDefaut() {
+        QDialog ecran;
+        auto* g = new Grille(&ecran);
+        auto* ok = new QPushButton("&OK", &ecran);
+        ok->setDefault(true);
+        auto* disposition = new QVBoxLayout(&ecran);
+        disposition->addWidget(g);
+        disposition->addWidget(ok);
+        g->FixerColonnes({"Numéro"});
+        g->AjouterLigne({"512"});
+        int clics = 0;
+        connect(ok, &QPushButton::clicked, [&] { ++clics; });
+        QSignalSpy touches(g, &Grille::touche);
+        ecran.show();
+        g->setFocus();
+        g->FixerLigneCourante(0);
+        QTest::keyClick(g, Qt::Key_Return);
+        QCOMPARE(touches.size(), 1);
+        QCOMPARE(clics, 0);
+        QVERIFY(ecran.isVisible());
     }
 
     void viderPendantUneEditionFermeLEditeur() {

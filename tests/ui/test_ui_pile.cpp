@@ -249,6 +249,7 @@ private slots:
 
     void gestesTaperToucheEtListe() {
         EcranEssai a(QStringLiteral("A"), nullptr);
+        a.FixerEchapFerme(true);
         auto* champ = new QLineEdit(&a);
         champ->setObjectName("Text1");
         auto* liste = new QListWidget(&a);
@@ -275,5 +276,53 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPile)
+// Entrée et Echap sur un écran : comme dans l'ancien programme, Entrée dans un champ ne
+// clique aucun bouton, sauf celui marqué par défaut ; Echap ne ferme pas l'écran.
+class TestTouchesEcran : public QObject {
+    Q_OBJECT
+private slots:
+    void entreeEtEchapNeFermentPasLEcran() {
+        EcranEssai a(QStringLiteral("A"), nullptr);
+        auto* champ = new QLineEdit(&a);
+        champ->setObjectName("Text1");
+        a.layout()->addWidget(champ);
+        int suites = 0;
+        a.ouvrirSuite = [&](EcranEssai*) { ++suites; };
+        bool ouvert = false;
+        PiloteModal pilote;
+        pilote.Attendre("A", [&](QWidget* w) {
+            TaperTexte(w, "Text1", "abc");
+            AppuyerTouche(w, Qt::Key_Return, "Text1");
+            AppuyerTouche(w, Qt::Key_Escape, "Text1");
+            QCoreApplication::processEvents();
+            ouvert = w->isVisible();
+            CliquerBouton(w, "Command2");
+        });
+        pilote.Demarrer();
+        a.exec();
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QVERIFY(ouvert);
+        QCOMPARE(suites, 0);
+    }
+
+    void entreeActionneLeBoutonParDefaut() {
+        EcranEssai a(QStringLiteral("A"), nullptr);
+        auto* champ = new QLineEdit(&a);
+        champ->setObjectName("Text1");
+        a.layout()->addWidget(champ);
+        a.findChild<QPushButton*>("Command3")->setDefault(true);
+        PiloteModal pilote;
+        pilote.Attendre("A", Suite({Taper("Text1", "x"), Touche(Qt::Key_Return, "Text1")}));
+        pilote.Demarrer();
+        QCOMPARE(a.exec(), int(EcranModal::CodeQuitter));
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+    }
+};
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    TestPile pile;
+    TestTouchesEcran touches;
+    return QTest::qExec(&pile, argc, argv) | QTest::qExec(&touches, argc, argv);
+}
 #include "test_ui_pile.moc"
