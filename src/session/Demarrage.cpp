@@ -1,5 +1,6 @@
 #include "session/Demarrage.h"
 
+#include "companies/General.h"
 #include "posting/Securite.h"
 #include "session/FichierProfil.h"
 #include "session/Reglages.h"
@@ -59,6 +60,8 @@ QString SymboleDecimal() {
 EcransDemarrage EcransParDefaut() {
     // Les écrans réels du démarrage ; les tests les remplacent pour observer l'ordre.
     EcransDemarrage e;
+    e.MontrerGeneral = ecran::MontrerGeneral;
+    e.MontrerSociete = ecran::MontrerSociete;
     return e;
 }
 

@@ -1,0 +1,124 @@
+#include "companies/Restauration.h"
+
+#include "companies/OuvertureEcrans.h"
+#include "session/FichierProfil.h"
+#include "session/Session.h"
+#include "store/Base.h"
+#include "ui/Boite.h"
+#include "ui/Dialogues.h"
+#include "ui/Fin.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+// Le remplacement de la base vient du module des sauvegardes dès qu'il le livre.
+#if __has_include("backup/Restauration.h")
+#include "backup/Restauration.h"
+#define MAROVAL_EXTRACTION_LIVREE 1
+#endif
+
+namespace ecran {
+
+namespace {
+
+std::optional<Extraction>& ExtractionFixee() {
+    static std::optional<Extraction> e;
+    return e;
+}
+
+Extraction ExtractionCourante() {
+    return ExtractionFixee() ? *ExtractionFixee() : ExtractionLivree();
+}
+
+bool Question(const QString& texte, const QString& titre = QStringLiteral("Maroval"),
+              ui::Icone icone = ui::Icone::Question) {
+    return ui::Boite(texte, titre, icone, ui::Boutons::OuiNon) == ui::Reponse::Oui;
+}
+
+} // namespace
+
+Extraction ExtractionLivree() {
+#ifdef MAROVAL_EXTRACTION_LIVREE
+    return [](const QString& archive) { return RemplacerBaseDepuisArchive(archive); };
+#else
+    return {};
+#endif
+}
+
+bool ExtractionDisponible() {
+    return static_cast<bool>(ExtractionCourante());
+}
+
+void FixerExtraction(std::optional<Extraction> extraction) {
+    ExtractionFixee() = std::move(extraction);
+}
+
+void RestaurerBaseComplete() {
+    const Extraction extraire = ExtractionCourante();
+    if (!extraire) {
+        ui::Boite(TexteEcranAbsent(), QStringLiteral("Maroval"), ui::Icone::Information);
+        return;
+    }
+    if (!Question(QStringLiteral(
+                      "Si vous confirmez le clic sur ce bouton, vous allez restaurer\n"
+                      "TOUTES LES COMPTABILITES PRESENTES DANS VOTRE SAUVEGARDE.\n"
+                      "et donc EFFACER LE CONTENU ACTUEL DE VOTRE BASE DE DONNEES MAROVAL.\n"
+                      "Cette fonctionnalité est à utiliser par exemple, suite à une panne grave "
+                      "d'ordinateur,\n"
+                      "où si vous voulez transférer vos comptabilités sur une nouvelle machine.\n"
+                      "Est-ce vraiment ce que vous voulez faire ?"),
+                  QStringLiteral("Maroval"), ui::Icone::Exclamation))
+        return;
+    if (!Question(QStringLiteral("Maroval va vous demander de désigner un fichier de sauvegarde.\n"
+                                 "Voulez-vous continuer ?")))
+        return;
+    const QString fichier = ui::ChoisirFichierOuvrir(
+        QStringLiteral("Choisir la sauvegarde à restaurer"), QDir::homePath(),
+        QStringLiteral("Sauvegarde (*.sav)|*.sav|Tous (*.*)|*.*"));
+    if (fichier.isEmpty()) return;
+    if (!Question(QStringLiteral("Etes-vous certain(e) de vouloir restaurer le fichier %1 ?")
+                      .arg(fichier),
+                  QStringLiteral("Confirmation")))
+        return;
+
+    // La base est fermée pendant qu'on la remplace, rouverte si rien n'a été remplacé.
+    const QString dossier = session().DossierDonnees;
+    FermerBase();
+    const bool reussie = extraire(fichier) &&
+                         QFileInfo::exists(QDir(dossier).filePath(QStringLiteral("maroval.mdb")));
+    if (!reussie) {
+        OuvrirBase(dossier);
+        ui::Boite(QStringLiteral("La restauration a échoué. La base de données est introuvable "
+                                 "dans votre sauvegarde\nou votre fichier est endommagé."),
+                  QStringLiteral("Maroval"), ui::Icone::Critique);
+        return;
+    }
+    // Le marqueur d'arrêt brutal n'a pas de sens pour la base restaurée ; le maroval.ini en
+    // place reste celui qui compte.
+    FichierProfil(CheminIni())
+        .Ecrire(QStringLiteral("Securite"), QStringLiteral("Erreur"), QStringLiteral("0"));
+    ui::Boite(QStringLiteral("La restauration est terminée.\n"
+                             "Maroval va être arreté pour la prise en compte de la restauration.\n"
+                             "Vous pouvez relancer Maroval immédiatement"),
+              QStringLiteral("Maroval"), ui::Icone::Information);
+    ui::TerminerProgramme(0);
+}
+
+bool AvertissementAncienneRestauration() {
+    return Question(
+        QStringLiteral(
+            "RESTAURATION D'UNE SAUVEGARDE D'UNE VERSION PRECEDENTE DE MAROVAL.\n"
+            "CETTE FONCTION A ETE CONSERVEE POUR RAISON DE COMPATIBILITE\n"
+            "AVEC LES PRECEDENTES VERSIONS DE MAROVAL ET CONCERNE UNIQUEMENT LES\n"
+            "SAUVEGARDES EFFECTUEES SUR DISQUETTE AVEC UNE VERSION ANTERIEURE DU LOGICIEL.\n"
+            "SI VOUS CLIQUEZ SUR CE BOUTON VOUS ALLEZ RESTAURER\n"
+            "UN EXERCICE COMPLET D'UNE SOCIETE.\n"
+            "CETTE FONCTION N'EST A UTILISER QUE LORSQUE CETTE SOCIETE ET CET\n"
+            "EXERCICE N'EXISTENT PLUS DANS VOTRE COMPTABILITE MAROVAL.\n"
+            "PAR EXEMPLE, SUITE A UNE PANNE GRAVE DE VOTRE ORDINATEUR.\n"
+            "OU SI VOUS VOULEZ RE-INSTALLER VOS COMPTABILITES SUR UNE NOUVELLE MACHINE.\n"
+            "EST-CE VRAIMENT CE QUE VOUS VOULEZ FAIRE ?"),
+        QStringLiteral("Maroval"), ui::Icone::Exclamation);
+}
+
+} // namespace ecran
