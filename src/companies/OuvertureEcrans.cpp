@@ -1,6 +1,7 @@
 #include "companies/OuvertureEcrans.h"
 
 #include "ui/Boite.h"
+#include "ui/EcranModal.h"
 
 #include <QHash>
 #include <QStringList>
@@ -143,17 +144,24 @@ concept Complet = requires {
     sizeof(T);
 };
 
+// Un écran ouvert depuis l'écran principal commence une chaîne : "&Quitter" s'arrête à lui.
+template <class T> void DebutDeChaine(T& e) {
+    if constexpr (std::is_base_of_v<ui::EcranModal, T>) e.FixerDebutChaine(true);
+}
+
 template <class T> Ouvreur OuvreurDe() {
     if constexpr (!Complet<T>) {
         return {};
     } else if constexpr (std::is_constructible_v<T, QWidget*>) {
         return [](QWidget* parent) {
             T e(parent);
+            DebutDeChaine(e);
             e.exec();
         };
     } else if constexpr (std::is_default_constructible_v<T>) {
         return [](QWidget*) {
             T e;
+            DebutDeChaine(e);
             e.exec();
         };
     } else {

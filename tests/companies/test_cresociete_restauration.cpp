@@ -61,6 +61,16 @@ class TestRestauration : public QObject {
         OuvrirBase(actuel);
     }
 
+    // Toutes les questions acceptées, l'archive choisie, la boîte de fin acquittée.
+    void RestaurerJusquAuBout(QWidget* e, const QString& archive) {
+        ui::RepondreBoite(ui::Reponse::Oui);
+        ui::RepondreBoite(ui::Reponse::Oui);
+        ui::RepondreFichier(archive);
+        ui::RepondreBoite(ui::Reponse::Oui);
+        ui::RepondreBoite(ui::Reponse::OK);
+        CliquerBouton(e, "Command5");
+    }
+
     void ExtraireVers(bool reussie) {
         extractions.clear();
         baseOuvertePendantExtraction = false;
@@ -138,12 +148,7 @@ private slots:
     void extractionEchouee_messageEtAncienneBaseRouverte() {
         ExtraireVers(false);
         auto e = Montrer();
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreFichier(kArchive);
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::OK);
-        CliquerBouton(e.get(), "Command5");
+        RestaurerJusquAuBout(e.get(), kArchive);
         QCOMPARE(extractions, QStringList({kArchive}));
         QVERIFY(!baseOuvertePendantExtraction);
         QCOMPARE(ui::JournalBoites().last().texte,
@@ -161,12 +166,7 @@ private slots:
         QVERIFY(ini.Ecrire("Options", "SymbEu", "€"));
         ExtraireVers(true);
         auto e = Montrer();
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreFichier(kArchive);
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::OK);
-        CliquerBouton(e.get(), "Command5");
+        RestaurerJusquAuBout(e.get(), kArchive);
         QVERIFY(ui::FinDemandee());
         QCOMPARE(ui::JournalBoites().last().texte,
                  QStringLiteral("La restauration est terminée.\n"
@@ -188,12 +188,7 @@ private slots:
         const QString archive = QDir(sauvegarde->path()).filePath("maroval.sav");
         Zipper(sauvegarde->path(), "maroval.mdb", archive);
         auto e = Montrer();
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreFichier(archive);
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::OK);
-        CliquerBouton(e.get(), "Command5");
+        RestaurerJusquAuBout(e.get(), archive);
         QVERIFY(ui::FinDemandee());
         OuvrirBase(dossier->Chemin());
         QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Restaurée'"), 1);

@@ -405,6 +405,22 @@ private slots:
         QCOMPARE(essai::TextesBoites(), QStringList({ecran::TexteEcranAbsent()}));
     }
 
+    void ecransLivres_sontBranchesSurLeursEntrees() {
+        ecran::OublierOuvreurs();
+        QStringList attendus;
+#if __has_include("chart/Plan2.h")
+        attendus << "Plan2";
+#endif
+#if __has_include("backup/Backup.h")
+        attendus << "Backup";
+#endif
+        for (const QString& nom : attendus)
+            QVERIFY2(ecran::EcranDisponible(nom), qPrintable(nom));
+        QVERIFY(!ecran::EcranDisponible("EcranInconnu"));
+        QVERIFY(ecran::NomsEcransDemandes().contains("Tresor05"));
+        QCOMPARE(ecran::NomsEcransDemandes().size(), 29);
+    }
+
     void ligneDeCommandeSav_lOuverturePrevientQuIlFautChoisir() {
         ecran::FermerGeneral();
         session().LigneCommande = QStringLiteral("/home/lea/maroval01-02-2024-10h00.SAV");

@@ -32,6 +32,15 @@ class TestOptions : public QObject {
         return e;
     }
 
+    // Un écran "Journal" avec sa grille "Tree1" de trois colonnes.
+    static ui::Grille* EcranJournal(QWidget& ecran) {
+        ecran.setObjectName("Journal");
+        auto* grille = new ui::Grille(&ecran);
+        grille->setObjectName("Tree1");
+        grille->FixerColonnes({"Date", "Compte", "Libellé"});
+        return grille;
+    }
+
 private slots:
     void init() {
         dossier = std::make_unique<DossierEssai>();
@@ -131,10 +140,7 @@ private slots:
 
     void personalisations_tailleEtColonnesRetrouvees() {
         QWidget journal;
-        journal.setObjectName("Journal");
-        auto* grille = new ui::Grille(&journal);
-        grille->setObjectName("Tree1");
-        grille->FixerColonnes({"Date", "Compte", "Libellé"});
+        ui::Grille* grille = EcranJournal(journal);
         journal.resize(500, 300);
         journal.move(40, 30);
         const int largeurOrigine = grille->LargeurColonne(2);
@@ -146,10 +152,7 @@ private slots:
         QCOMPARE(LireReglage("JournalTree1", "col1"), QStringLiteral("130"));
 
         QWidget autre;
-        autre.setObjectName("Journal");
-        auto* grille2 = new ui::Grille(&autre);
-        grille2->setObjectName("Tree1");
-        grille2->FixerColonnes({"Date", "Compte", "Libellé"});
+        ui::Grille* grille2 = EcranJournal(autre);
         autre.resize(200, 100);
         EffacerReglage("JournalTree1", "col2");
         ecran::RestaurerPersonalisations(&autre, {grille2});
