@@ -3,6 +3,7 @@
 // ouverte, quelques sociétés et écritures, vidage complet des tables, archives fabriquées
 // à la main (sans maroval.mdb, tronquée, base qui n'en est pas une).
 
+#include "backup/ZipBiblio.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -117,6 +118,16 @@ inline QStringList VidageComplet() {
         }
     }
     return sortie;
+}
+
+// Archive des deux fichiers du banc sous ce nom, base fermée le temps de la lire.
+inline QString ArchiveDeLaBase(const Banc& banc, const QString& nom) {
+    const QString chemin = banc.Archives() + '/' + nom;
+    FermerBase();
+    Zipper(banc.Chemin(), QStringLiteral("maroval.mdb"), chemin);
+    Zipper(banc.Chemin(), QStringLiteral("maroval.ini"), chemin);
+    OuvrirBase(banc.Chemin());
+    return chemin;
 }
 
 inline int NombreEcritures() {

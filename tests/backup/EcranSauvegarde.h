@@ -2,6 +2,7 @@
 // Textes des boîtes de l'écran de sauvegarde, tels que l'utilisateur les lit, et gestes
 // sur sa liste.
 
+#include "backup/Backup.h"
 #include "support/PiloteModal.h"
 #include "ui/Grille.h"
 
@@ -35,6 +36,13 @@ inline QString TexteConfirmation(const QString& fichier) {
 
 inline QString TexteEffectuee(const QString& fichier) {
     return QStringLiteral("Sauvegarde effectuée dans le fichier : \n\n") + fichier;
+}
+
+// Montre l'écran sous le pilote ; vrai si toutes les étapes ont eu lieu.
+inline bool Piloter(ecran::Backup& ecran, support::PiloteModal& pilote) {
+    pilote.Demarrer();
+    ecran.exec();
+    return pilote.Reussi();
 }
 
 inline ui::Grille* Liste(QWidget* ecran) {

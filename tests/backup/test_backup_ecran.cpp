@@ -30,12 +30,6 @@ QString TexteDe(QWidget* ecran, const char* nom) {
     return QStringLiteral("<absent>");
 }
 
-bool Piloter(ecran::Backup& ecran, PiloteModal& pilote) {
-    pilote.Demarrer();
-    ecran.exec();
-    return pilote.Reussi();
-}
-
 } // namespace
 
 class TestBackupEcran : public QObject {

@@ -17,22 +17,6 @@ using namespace support;
 
 namespace {
 
-bool Piloter(ecran::Backup& ecran, PiloteModal& pilote) {
-    pilote.Demarrer();
-    ecran.exec();
-    return pilote.Reussi();
-}
-
-// Une vraie archive de la base du banc, rangée sous ce nom.
-QString FaireArchive(const Banc& banc, const QString& nom) {
-    const QString chemin = banc.Archives() + '/' + nom;
-    FermerBase();
-    Zipper(banc.Chemin(), QStringLiteral("maroval.mdb"), chemin);
-    Zipper(banc.Chemin(), QStringLiteral("maroval.ini"), chemin);
-    OuvrirBase(banc.Chemin());
-    return chemin;
-}
-
 LigneHistorique Ligne(qint64 id, const QString& date, const QString& fichier, qint64 taille) {
     return {id, date, 10 * id, fichier, taille};
 }
@@ -52,7 +36,7 @@ class TestBackupListe : public QObject {
 private slots:
     void listeTrieeSurLaDateAvecDonneesDeCelluleEtProchainHistoID() {
         Banc banc;
-        const QString a = FaireArchive(banc, QStringLiteral("a.sav"));
+        const QString a = ArchiveDeLaBase(banc, QStringLiteral("a.sav"));
         EcrireHistorique(CheminHistorique(), {Ligne(4, "20240315101112", a, 77),
                                               Ligne(12, "20240102030405", "/nulle/part.sav", 5),
                                               {3, std::nullopt, 0, std::nullopt, 0}});
@@ -77,7 +61,7 @@ private slots:
 
     void ligneDontLeFichierAdisparuBoucleJusquAuRetourDuFichier() {
         Banc banc;
-        const QString archive = FaireArchive(banc, QStringLiteral("origine.sav"));
+        const QString archive = ArchiveDeLaBase(banc, QStringLiteral("origine.sav"));
         const QString chemin = banc.Archives() + QStringLiteral("/cle/sauvegarde.sav");
         EcrireHistorique(CheminHistorique(),
                          {Ligne(1, "20240601120000", chemin, QFileInfo(archive).size())});
@@ -123,7 +107,7 @@ private slots:
 
     void tailleDifferentePoseLaQuestionEtNonArrete() {
         Banc banc;
-        const QString archive = FaireArchive(banc, QStringLiteral("taille.sav"));
+        const QString archive = ArchiveDeLaBase(banc, QStringLiteral("taille.sav"));
         const qint64 taille = QFileInfo(archive).size();
         EcrireHistorique(CheminHistorique(), {Ligne(1, "20240601120000", archive, taille + 3)});
         ecran::Backup ecran;
@@ -141,7 +125,7 @@ private slots:
     void tailleDifferenteOuiPoursuitLaRestauration() {
         Banc banc;
         AjouterSocieteEssai(QStringLiteral("Avant"), 2024, 3);
-        const QString archive = FaireArchive(banc, QStringLiteral("taille.sav"));
+        const QString archive = ArchiveDeLaBase(banc, QStringLiteral("taille.sav"));
         const qint64 taille = QFileInfo(archive).size();
         EcrireHistorique(CheminHistorique(), {Ligne(1, "20240601120000", archive, taille - 1)});
         AjouterSocieteEssai(QStringLiteral("Apres"), 2024, 5);
@@ -194,8 +178,8 @@ private slots:
 
     void supprSupprimeLesLignesChoisiesEtLeFichierSurDemande() {
         Banc banc;
-        const QString garde = FaireArchive(banc, QStringLiteral("garde.sav"));
-        const QString jete = FaireArchive(banc, QStringLiteral("jete.sav"));
+        const QString garde = ArchiveDeLaBase(banc, QStringLiteral("garde.sav"));
+        const QString jete = ArchiveDeLaBase(banc, QStringLiteral("jete.sav"));
         EcrireHistorique(CheminHistorique(),
                          {Ligne(1, "20240101000000", garde, 1), Ligne(2, "20240201000000", jete, 1),
                           Ligne(3, "20240301000000", "/absent.sav", 1),

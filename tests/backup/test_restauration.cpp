@@ -20,12 +20,6 @@ using namespace support;
 
 namespace {
 
-bool Piloter(ecran::Backup& ecran, PiloteModal& pilote) {
-    pilote.Demarrer();
-    ecran.exec();
-    return pilote.Reussi();
-}
-
 QString Marqueur() {
     return FichierProfil(CheminIni()).Lire(QStringLiteral("Securite"), QStringLiteral("Erreur"));
 }
@@ -105,10 +99,7 @@ private slots:
     void restaurationManuelleVaJusquAuBout() {
         Banc banc;
         AjouterSocieteEssai(QStringLiteral("Alpha"), 2024, 7);
-        FermerBase();
-        const QString chemin = banc.Archives() + QStringLiteral("/manuelle.sav");
-        Zipper(banc.Chemin(), QStringLiteral("maroval.mdb"), chemin);
-        OuvrirBase(banc.Chemin());
+        const QString chemin = ArchiveDeLaBase(banc, QStringLiteral("manuelle.sav"));
         Base().exec("DELETE FROM Ecriture");
         ecran::Backup ecran;
         ui::RepondreFichier(chemin);
@@ -212,10 +203,7 @@ private slots:
     void ligneDeCommandeSavDemandeConfirmationPuisRestaure() {
         Banc banc;
         AjouterSocieteEssai(QStringLiteral("Alpha"), 2024, 9);
-        FermerBase();
-        const QString chemin = banc.Archives() + QStringLiteral("/Double Clic.SAV");
-        Zipper(banc.Chemin(), QStringLiteral("maroval.mdb"), chemin);
-        OuvrirBase(banc.Chemin());
+        const QString chemin = ArchiveDeLaBase(banc, QStringLiteral("Double Clic.SAV"));
         Base().exec("DELETE FROM Ecriture");
         session().LigneCommande = '"' + chemin + '"';
         const QString question = QStringLiteral("Confirmez-vous la restauration de \n\"") + chemin +
@@ -268,10 +256,7 @@ private slots:
     void restaurerArchiveSertAuxAutresEcrans() {
         Banc banc;
         AjouterSocieteEssai(QStringLiteral("Alpha"), 2024, 4);
-        FermerBase();
-        const QString chemin = banc.Archives() + QStringLiteral("/creation.sav");
-        Zipper(banc.Chemin(), QStringLiteral("maroval.mdb"), chemin);
-        OuvrirBase(banc.Chemin());
+        const QString chemin = ArchiveDeLaBase(banc, QStringLiteral("creation.sav"));
         ui::RepondreBoite(ui::Reponse::OK);
         QVERIFY(!RestaurerArchive(banc.Archives() + QStringLiteral("/absente.sav")));
         QVERIFY(BaseOuverte());
