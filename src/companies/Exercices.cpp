@@ -57,9 +57,4 @@ QString CalculDateDebut(int jour, int mois, int annee) {
         .arg(jour, 2, 10, QLatin1Char('0'));
 }
 
-bool LigneCommandeSauvegarde(const QString& ligne) {
-    const QString haut = ligne.toUpper();
-    return haut.endsWith(QStringLiteral(".SAV")) || haut.endsWith(QStringLiteral(".SAV\""));
-}
-
 } // namespace ecran

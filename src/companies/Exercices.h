@@ -19,7 +19,4 @@ QString CalculDateFin(int jour, int mois, int annee);
 // Le début tel qu'il est rangé : AAAAMMJJ sans contrôle du jour.
 QString CalculDateDebut(int jour, int mois, int annee);
 
-// Vrai quand la ligne de commande désigne une sauvegarde (".SAV", guillemet final admis).
-bool LigneCommandeSauvegarde(const QString& ligne);
-
 } // namespace ecran

@@ -1,7 +1,7 @@
 #include "companies/General.h"
 
+#include "backup/Restauration.h"
 #include "companies/APropos.h"
-#include "companies/Exercices.h"
 #include "companies/Options.h"
 #include "companies/OuvertureEcrans.h"
 #include "companies/Restauration.h"
@@ -181,7 +181,7 @@ QAction* General::Action(const QString& cle) const {
 
 void General::Form_Load() {
     // Une sauvegarde ouverte depuis le bureau : sa restauration attend le choix de la société.
-    if (LigneCommandeSauvegarde(session().LigneCommande))
+    if (EstArchiveLigneCommande(session().LigneCommande))
         ui::Boite(QStringLiteral("Vous devez sélectionnez une société et un exercice avant de "
                                  "pouvoir restaurer cette sauvegarde."),
                   QStringLiteral("Maroval"), ui::Icone::Information);

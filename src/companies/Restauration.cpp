@@ -1,5 +1,6 @@
 #include "companies/Restauration.h"
 
+#include "backup/Restauration.h"
 #include "companies/OuvertureEcrans.h"
 #include "session/FichierProfil.h"
 #include "session/Session.h"
@@ -10,12 +11,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-
-// Le remplacement de la base vient du module des sauvegardes dès qu'il le livre.
-#if __has_include("backup/Restauration.h")
-#include "backup/Restauration.h"
-#define MAROVAL_EXTRACTION_LIVREE 1
-#endif
 
 namespace ecran {
 
@@ -38,11 +33,8 @@ bool Question(const QString& texte, const QString& titre = QStringLiteral("Marov
 } // namespace
 
 Extraction ExtractionLivree() {
-#ifdef MAROVAL_EXTRACTION_LIVREE
+    // Extraction à part, contrôle de la base, puis un seul renommage : module des sauvegardes.
     return [](const QString& archive) { return RemplacerBaseDepuisArchive(archive); };
-#else
-    return {};
-#endif
 }
 
 bool ExtractionDisponible() {
@@ -88,9 +80,7 @@ void RestaurerBaseComplete() {
                          QFileInfo::exists(QDir(dossier).filePath(QStringLiteral("maroval.mdb")));
     if (!reussie) {
         OuvrirBase(dossier);
-        ui::Boite(QStringLiteral("La restauration a échoué. La base de données est introuvable "
-                                 "dans votre sauvegarde\nou votre fichier est endommagé."),
-                  QStringLiteral("Maroval"), ui::Icone::Critique);
+        ui::Boite(TexteEchecRestauration(), QStringLiteral("Maroval"), ui::Icone::Critique);
         return;
     }
     // Le marqueur d'arrêt brutal n'a pas de sens pour la base restaurée ; le maroval.ini en

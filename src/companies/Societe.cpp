@@ -1,5 +1,6 @@
 #include "companies/Societe.h"
 
+#include "backup/Restauration.h"
 #include "companies/CreSociete.h"
 #include "companies/Exercices.h"
 #include "companies/General.h"
@@ -399,7 +400,7 @@ void Societe::Command4_Click() {
     QWidget* dessous = parentWidget();
     accept();
     // Sauvegarde ouverte depuis le bureau : sa restauration suit le choix.
-    if (LigneCommandeSauvegarde(s.LigneCommande)) OuvrirEcran(QStringLiteral("Backup"), dessous);
+    if (EstArchiveLigneCommande(s.LigneCommande)) OuvrirEcran(QStringLiteral("Backup"), dessous);
 }
 
 void Societe::Command5_Click() {

@@ -3,6 +3,7 @@
 
 #include "Essai.h"
 
+#include "backup/ZipBiblio.h"
 #include "companies/CreSociete.h"
 #include "companies/Restauration.h"
 #include "session/FichierProfil.h"
@@ -11,11 +12,6 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
-
-#if __has_include("backup/ZipBiblio.h")
-#include "backup/ZipBiblio.h"
-#define ARCHIVES_LIVREES 1
-#endif
 
 using namespace support;
 
@@ -182,8 +178,6 @@ private slots:
     }
 
     void restaurationReelle_depuisUneArchiveDuModuleDesSauvegardes() {
-#ifdef ARCHIVES_LIVREES
-        if (!ecran::ExtractionLivree()) QSKIP("extraction pas encore livrée");
         ecran::FixerExtraction({});
         const QString archive = QDir(sauvegarde->path()).filePath("maroval.sav");
         Zipper(sauvegarde->path(), "maroval.mdb", archive);
@@ -192,9 +186,6 @@ private slots:
         QVERIFY(ui::FinDemandee());
         OuvrirBase(dossier->Chemin());
         QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Restaurée'"), 1);
-#else
-        QSKIP("module des sauvegardes pas encore livré");
-#endif
     }
 };
 
