@@ -1,6 +1,7 @@
 #include "session/Demarrage.h"
 
 #include "companies/General.h"
+#include "posting/Recup.h"
 #include "posting/Securite.h"
 #include "session/FichierProfil.h"
 #include "session/Reglages.h"
@@ -60,6 +61,7 @@ QString SymboleDecimal() {
 EcransDemarrage EcransParDefaut() {
     // Les écrans réels du démarrage ; les tests les remplacent pour observer l'ordre.
     EcransDemarrage e;
+    e.MontrerRecup = ecran::MontrerRecup;
     e.MontrerGeneral = ecran::MontrerGeneral;
     e.MontrerSociete = ecran::MontrerSociete;
     return e;

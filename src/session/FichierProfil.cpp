@@ -211,10 +211,14 @@ bool ModifierFichier(const QString& chemin, const Transformation& transformation
     QByteArray contenu;
     if (!LireFichier(cible, contenu)) return false;
     const std::optional<QByteArray> nouveau = transformation(contenu);
-    return nouveau && RemplacerDurablement(cible, *nouveau);
+    if (!nouveau) return false;
+    if (FichierProfil::AvantEcriture) FichierProfil::AvantEcriture();
+    return RemplacerDurablement(cible, *nouveau);
 }
 
 } // namespace
+
+std::function<void()> FichierProfil::AvantEcriture;
 
 FichierProfil::FichierProfil(QString chemin) : chemin_(std::move(chemin)) {}
 
@@ -228,6 +232,15 @@ QString FichierProfil::Lire(const QString& section, const QString& cle,
 bool FichierProfil::Ecrire(const QString& section, const QString& cle, const QString& valeur) {
     return ModifierFichier(chemin_, [&](const QByteArray& contenu) {
         return EcrireDansTexte(contenu, section, cle, valeur);
+    });
+}
+
+bool FichierProfil::EcrireCles(const QString& section, const QList<QPair<QString, QString>>& cles) {
+    return ModifierFichier(chemin_, [&](const QByteArray& contenu) {
+        std::optional<QByteArray> texte = contenu;
+        for (const auto& [cle, valeur] : cles)
+            if (texte) texte = EcrireDansTexte(*texte, section, cle, valeur);
+        return texte;
     });
 }
 

@@ -6,7 +6,10 @@
 // la fin de ligne du fichier (celle de sa première ligne, LF pour un fichier neuf).
 
 #include <QByteArray>
+#include <QList>
+#include <QPair>
 #include <QString>
+#include <functional>
 #include <optional>
 
 class FichierProfil {
@@ -22,6 +25,9 @@ public:
     // Écriture durable avant le retour (fichier temporaire dans le même dossier, fsync,
     // renommage, fsync du dossier). Faux en cas d'échec ; l'ancien fichier reste alors intact.
     bool Ecrire(const QString& section, const QString& cle, const QString& valeur);
+
+    // Plusieurs clés d'une section en une seule écriture durable : toutes ou aucune.
+    bool EcrireCles(const QString& section, const QList<QPair<QString, QString>>& cles);
 
     // Retire la clé, de façon aussi durable. Vrai si elle n'y est plus.
     bool Effacer(const QString& section, const QString& cle);
@@ -39,6 +45,9 @@ public:
                                                      const QString& valeur);
     static std::optional<QByteArray> EffacerDansTexte(const QByteArray& contenu,
                                                       const QString& section, const QString& cle);
+
+    // Essais d'arrêt brutal : appelée juste avant chaque écriture durable (rien par défaut).
+    static std::function<void()> AvantEcriture;
 
 private:
     QString chemin_;
