@@ -1,5 +1,6 @@
 #include "posting/Recup.h"
 
+#include "backup/Backup.h"
 #include "posting/Securite.h"
 #include "posting/Verification.h"
 #include "session/Session.h"
@@ -57,7 +58,10 @@ void Recup::BRecup_Click() {
 void Recup::BResto_Click() {
     // Pas de sauvegarde par-dessus des livres incohérents tant que l'écran est là.
     session().SauvegardeAutorisee = false;
-    if (MontrerBackup()) MontrerBackup()();
+    if (MontrerBackup())
+        MontrerBackup()();
+    else
+        OuvrirBackup(this);
     if (Verification()) {
         Sortir();
         return;

@@ -18,7 +18,8 @@ public:
     explicit Recup(QWidget* parent = nullptr);
     ~Recup() override;
 
-    // Ecran de sauvegarde et de restauration montré par BResto (modal).
+    // Remplace l'écran de sauvegarde et de restauration montré par BResto (essais) ;
+    // vide : l'écran Backup.
     static std::function<void()>& MontrerBackup();
 
     QString CleRecup() const { return cle; }

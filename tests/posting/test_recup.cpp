@@ -237,6 +237,28 @@ private slots:
         QVERIFY(session().SauvegardeAutorisee);
     }
 
+    void restaurationOuvreLEcranDeSauvegarde() {
+        VenteInterrompue(2);
+        QVERIFY(FichierProfil(CheminIni()).Ecrire("Securite", "Erreur", "2"));
+        MontrerRecupPourDeVrai();
+        bool sauvegardeInterditePendant = false, recupCache = false;
+        PiloteModal pilote;
+        pilote.Attendre("Recup", Cliquer("BResto")).Attendre("Backup", [&](QWidget* w) {
+            sauvegardeInterditePendant = !session().SauvegardeAutorisee;
+            for (QWidget* haut : QApplication::topLevelWidgets())
+                if (haut->objectName() == QLatin1String("Recup")) recupCache = !haut->isVisible();
+            CliquerBouton(w, "Command3");
+        });
+        pilote.Demarrer();
+        DeciderMarqueur();
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QVERIFY(sauvegardeInterditePendant);
+        QVERIFY(recupCache);
+        // Abandon de la restauration : les livres sont justes, l'écran se ferme.
+        QVERIFY(session().SauvegardeAutorisee);
+        QCOMPARE(Marqueur(), QStringLiteral("0"));
+    }
+
     void caseDeFermetureEtEchapRefusees() {
         VenteInterrompue(2);
         QVERIFY(FichierProfil(CheminIni()).Ecrire("Securite", "Erreur", "2"));
