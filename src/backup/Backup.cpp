@@ -11,6 +11,7 @@
 #include "ui/Horloge.h"
 #include "ui_Backup.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMouseEvent>
@@ -43,6 +44,18 @@ int Compter(const char* sql) {
 QString DateHistorique(const QString& d) {
     return d.mid(6, 2) + '/' + d.mid(4, 2) + '/' + d.mid(0, 4) + ' ' + d.mid(8, 2) + ':' +
            d.mid(10, 2) + ':' + d.mid(12, 2);
+}
+
+// Le fichier choisi serait remplacé par l'archive : jamais la base, la configuration ou
+// l'historique eux-mêmes.
+bool EstFichierDeMaroval(const QString& dossier, const QString& chemin) {
+    const QString choisi = QFileInfo(chemin).canonicalFilePath();
+    if (choisi.isEmpty()) return false; // fichier encore inexistant
+    for (const char* nom : {"maroval.mdb", "maroval.ini", "history.xml"})
+        if (QFileInfo(QDir(dossier).filePath(QString::fromLatin1(nom))).canonicalFilePath() ==
+            choisi)
+            return true;
+    return false;
 }
 
 // Les deux entrées vont dans un fichier à part, mis à la place du fichier choisi d'un seul
@@ -211,6 +224,14 @@ void Backup::Command2_Click() {
         return;
     }
     chemin = QFileInfo(chemin).absoluteFilePath();
+    if (EstFichierDeMaroval(dossier, chemin)) {
+        OuvrirBase(dossier);
+        ui::Boite(QStringLiteral("Une sauvegarde ne peut pas remplacer un fichier de Maroval "
+                                 "lui-même :\n\n") +
+                      chemin + QStringLiteral("\n\nChoisissez un autre nom de fichier."),
+                  QStringLiteral("Sauvegarde NON effectuée"), ui::Icone::Critique);
+        return;
+    }
     if (!FabriquerArchive(dossier, chemin)) {
         OuvrirBase(dossier);
         // Le dossier n'est pas nommé dans ce message, tel qu'il a toujours été.

@@ -208,6 +208,34 @@ private slots:
         QCOMPARE(QDir(banc.Archives()).entryList(QDir::Files), QStringList({"cle-usb"}));
     }
 
+    void sauvegardeSurLaBaseElleMemeEstRefusee() {
+        Banc banc;
+        AjouterSocieteEssai(QStringLiteral("Alpha"), 2024, 5);
+        ecran::Backup ecran;
+        const QStringList avant = VidageComplet();
+        const QByteArray historique = Lire(banc.Fichier("history.xml"));
+        const QByteArray ini = Lire(banc.Fichier("maroval.ini"));
+        QStringList textes;
+        for (const char* nom : {"maroval.mdb", "maroval.ini", "history.xml"}) {
+            ui::RepondreFichier(banc.Fichier(nom));
+            textes << QStringLiteral("Une sauvegarde ne peut pas remplacer un fichier de Maroval "
+                                     "lui-même :\n\n") +
+                          banc.Fichier(nom) +
+                          QStringLiteral("\n\nChoisissez un autre nom de fichier.");
+        }
+        PiloteModal pilote;
+        for (const QString& t : textes)
+            pilote.Attendre("Backup", Cliquer("Command2")).AttendreBoite(t, "OK");
+        pilote.Attendre("Backup", Cliquer("Command3"));
+        QVERIFY2(Piloter(ecran, pilote), qPrintable(pilote.Echec()));
+        QCOMPARE(ui::JournalBoites().size(), 3);
+        QCOMPARE(ui::JournalBoites()[0].titre, QStringLiteral("Sauvegarde NON effectuée"));
+        QVERIFY(BaseOuverte());
+        QCOMPARE(VidageComplet(), avant);
+        QCOMPARE(Lire(banc.Fichier("history.xml")), historique);
+        QCOMPARE(Lire(banc.Fichier("maroval.ini")), ini);
+    }
+
     void historiqueMalFormeNommeSonOrigineEtLEcranResteUtilisable() {
         Banc banc;
         const QByteArray abime = "<xml><rs:data><z:row HistoID='1'/></xml>";

@@ -1,0 +1,123 @@
+// Aller-retour sur des livres tenus par le moteur d'écritures : après la restauration et
+// le redémarrage, la base est celle de la sauvegarde et la vérification des livres passe.
+#include "BancSauvegarde.h"
+#include "backup/Backup.h"
+#include "backup/Restauration.h"
+#include "ui/Application.h"
+#include "ui/Boite.h"
+#include "ui/Dialogues.h"
+#include "ui/Fin.h"
+
+#include <QtTest>
+
+#if __has_include("posting/Verification.h") && __has_include("posting/PasserEcriture.h") &&        \
+                                                             __has_include("chart/Filtre.h")
+#define MOTEUR_LIVRE 1
+#include "chart/Filtre.h"
+#include "posting/PasserEcriture.h"
+#include "posting/Verification.h"
+#endif
+
+using namespace banc;
+
+namespace {
+
+#ifdef MOTEUR_LIVRE
+const QString Cle = QStringLiteral("012024");
+
+void OuvrirExerciceEssai() {
+    Session& s = session();
+    s.NumSocCourante = 1;
+    s.ExerciceCourant = 2024;
+    s.NomSocCourante = QStringLiteral("Livres & Cie");
+    s.DateSaisieCourante = QStringLiteral("15/03/2024");
+    s.MonnaieExercice = QStringLiteral("E");
+    table::Societe soc;
+    soc.Nom = s.NomSocCourante;
+    AjouterSociete(soc);
+    table::Constante k;
+    k.CleCon = Cle;
+    k.DateDebut = QStringLiteral("20240101");
+    k.DateFin = QStringLiteral("20241231");
+    k.DateSaisie = k.DateDebut;
+    k.SymboleMon = QStringLiteral("E");
+    AjouterConstante(k);
+    for (const char* n : {"400", "410", "401001", "411001", "512", "607", "707"})
+        AssurerCompte(Cle, QString::fromLatin1(n), QStringLiteral("Compte ") + n, {}, {});
+}
+
+// Une transaction de deux lignes posée dans wSaisie puis passée par le moteur.
+void Passer(const QString& debit, const QString& credit, std::int64_t centimes,
+            const QString& journal) {
+    Base().exec("DELETE FROM wSaisie");
+    for (const QString& numero : {debit, credit}) {
+        table::Compte c;
+        LireCompte(Cle, numero, c);
+        const QString dc = numero == debit ? QStringLiteral("D") : QStringLiteral("C");
+        table::Saisie s;
+        s.wDateEcr = s.wDatePiece = QStringLiteral("20240315");
+        s.wNumCpt = numero;
+        s.wErEcr = c.ErCpt;
+        s.wLibCpt = c.LibCpt;
+        s.wSolde = c.Solde;
+        s.wTiers = c.Tiers;
+        s.wBilan = c.Bilan;
+        s.wMenu = c.Menu;
+        s.wLibEcr = QStringLiteral("Pièce ") + journal;
+        const bool debitNaturel = c.ErCpt.startsWith(u'E');
+        const Montant m = Montant::depuisCentimes(centimes);
+        s.wMntEcr = (dc == QLatin1String("D")) == debitNaturel ? m : -m;
+        s.wDCEcr = dc;
+        s.wJournal = journal;
+        AjouterSaisie(s);
+    }
+    table::Constante k;
+    LireConstante(Cle, k);
+    PasserEcriture(QString::number(k.LastNumEcrit + 1), QStringLiteral("E"));
+}
+#endif
+
+} // namespace
+
+class TestSauvegardeLivres : public QObject {
+    Q_OBJECT
+private slots:
+    void allerRetourDeLivresPassesGardeLaVerificationVraie() {
+#ifndef MOTEUR_LIVRE
+        QSKIP("le moteur d'écritures n'est pas encore dans l'arbre");
+#else
+        Banc banc;
+        OuvrirExerciceEssai();
+        Passer(QStringLiteral("607"), QStringLiteral("401001"), 12050, QStringLiteral("A"));
+        Passer(QStringLiteral("411001"), QStringLiteral("707"), 30000, QStringLiteral("V"));
+        Passer(QStringLiteral("512"), QStringLiteral("411001"), 30000, QStringLiteral("T"));
+        QCOMPARE(NombreEcritures(), 6);
+        QVERIFY(Verification());
+        const QStringList avant = VidageComplet();
+
+        const QString archive = banc.Archives() + QStringLiteral("/livres.sav");
+        {
+            ecran::Backup ecran;
+            ui::RepondreFichier(archive);
+            ui::RepondreBoite(ui::Reponse::OK);
+            ecran.Command2_Click();
+            QVERIFY(BaseOuverte());
+        }
+        Passer(QStringLiteral("607"), QStringLiteral("512"), 999, QStringLiteral("T"));
+        QVERIFY(VidageComplet() != avant);
+
+        ui::RepondreBoite(ui::Reponse::OK);
+        QVERIFY_THROWS_EXCEPTION(ui::FinProgramme, RestaurerArchive(archive));
+        OuvrirBase(banc.Chemin());
+        QCOMPARE(VidageComplet(), avant);
+        QVERIFY(Verification());
+#endif
+    }
+};
+
+int main(int argc, char** argv) {
+    ui::Application application(argc, argv);
+    TestSauvegardeLivres test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_sauvegarde_livres.moc"
