@@ -21,12 +21,18 @@
 #include <cstdint>
 #include <cstdio>
 
+#if __has_include("Generateur.h")
+#define GENERATEUR_LIVRE 1
+#include "Generateur.h"
+#endif
+
 namespace {
 
 constexpr int NombreLignes = 100000;
 
-// Une société, un exercice, quelques comptes et les lignes, par des insertions SQL simples.
-void RemplirBase() {
+// Sans le générateur des écritures : une société, un exercice, quelques comptes et les
+// lignes, par des insertions SQL simples.
+[[maybe_unused]] void RemplirBase() {
     table::Societe s;
     s.Nom = QStringLiteral("Mesure");
     const int num = AjouterSociete(s);
@@ -84,10 +90,21 @@ int main(int argc, char** argv) {
 
     QElapsedTimer chrono;
     chrono.start();
+#ifdef GENERATEUR_LIVRE
+    generateur::Options options;
+    options.dossier = donnees;
+    options.lignesVisees = NombreLignes;
+    const generateur::Resultat r = generateur::Generer(options);
+    generateur::OuvrirGenere(donnees);
+    session().DossierDonnees = donnees;
+    std::printf("Base de %d lignes d'écriture (%d écritures) faite par le générateur en %lld ms\n",
+                r.lignes, r.ecritures, static_cast<long long>(chrono.elapsed()));
+#else
     OuvrirBase(donnees);
     RemplirBase();
     std::printf("Base de %d lignes d'écriture faite en %lld ms (insertions SQL directes)\n",
                 NombreLignes, static_cast<long long>(chrono.elapsed()));
+#endif
 
     const QString archive = dossier.filePath(QStringLiteral("mesure.sav"));
     {
