@@ -8,11 +8,16 @@
 #include "ui/Boite.h"
 #include "ui/Fin.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QList>
 #include <SQLiteCpp/Transaction.h>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -23,6 +28,34 @@ void ControlerEcriture(bool ecrit) {
     if (ecrit) return;
     ui::Boite(QStringLiteral("Erreur lors de l'écriture dans MAROVAL.INI"));
     ui::TerminerProgramme(1);
+}
+
+// Le marqueur passe de 1 à 2 puis à 0 : un seul octet du fichier change. Il est réécrit
+// sur place et poussé sur le disque ; l'écriture d'un octet ne peut pas être coupée en
+// deux, et l'on évite ainsi le fichier neuf et le renommage, trois fois plus lents. Faux
+// quand ce n'est pas le cas : l'écriture complète du fichier de profil prend le relais.
+bool EcrireUnOctet(const QString& chemin, const QString& erreur) {
+    QFile f(chemin);
+    if (QFileInfo(chemin).isDir() || !f.open(QIODevice::ReadOnly)) return false;
+    const QByteArray ancien = f.readAll();
+    f.close();
+    const std::optional<QByteArray> nouveau =
+        FichierProfil::EcrireDansTexte(ancien, kSection, QStringLiteral("Erreur"), erreur);
+    if (!nouveau || nouveau->size() != ancien.size()) return false;
+    qsizetype position = -1;
+    for (qsizetype i = 0; i < ancien.size(); ++i) {
+        if (ancien[i] == nouveau->at(i)) continue;
+        if (position >= 0) return false;
+        position = i;
+    }
+    if (FichierProfil::AvantEcriture) FichierProfil::AvantEcriture();
+    if (position < 0) return true;
+    const int fd = ::open(QFile::encodeName(chemin).constData(), O_WRONLY | O_CLOEXEC);
+    if (fd < 0) return false;
+    const char octet = nouveau->at(position);
+    const bool ecrit = ::pwrite(fd, &octet, 1, position) == 1 && ::fdatasync(fd) == 0;
+    ::close(fd);
+    return ecrit;
 }
 
 // Lignes d'images d'une table, dans l'ordre où elles ont été faites.
@@ -73,7 +106,9 @@ void EcrireMarqueurDebut(const QString& cle, const QString& dernum) {
 }
 
 void EcrireMarqueur(const QString& erreur) {
-    FichierProfil ini(CheminIni());
+    const QString chemin = CheminIni();
+    if (EcrireUnOctet(chemin, erreur)) return;
+    FichierProfil ini(chemin);
     ControlerEcriture(ini.Ecrire(kSection, QStringLiteral("Erreur"), erreur));
 }
 

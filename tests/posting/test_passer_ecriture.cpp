@@ -13,6 +13,7 @@
 #include "ui/Fin.h"
 
 #include <QtTest>
+#include <sys/stat.h>
 
 using namespace essai;
 
@@ -31,6 +32,12 @@ class TestPasserEcriture : public QObject {
     std::unique_ptr<support::DossierEssai> dossier;
     Depart depart;
     QList<Photo> photos;
+
+    ino_t Inode() {
+        struct stat e {};
+        ::stat(QFile::encodeName(CheminIni()).constData(), &e);
+        return e.st_ino;
+    }
 
     QString Ini(const char* cle) { return FichierProfil(CheminIni()).Lire("Securite", cle, "?"); }
 
@@ -270,6 +277,43 @@ private slots:
         QCOMPARE(photos[2].lastNum, 3.0);
         QCOMPARE(photos[2].imagesCompte, 5);
         VerifierLivres();
+    }
+
+    void marqueurEcritSansToucherAuResteDuFichier() {
+        const QByteArray origine =
+            "\xEF\xBB\xBF; Réglages\r\n[Options]\r\nSymbEu=E\r\n\r\n"
+            "[securite]\r\nerreur = 0 \r\n; fin\r\n[Controle]\r\nDebug=0\r\n";
+        QFile f(CheminIni());
+        QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(origine);
+        f.close();
+        auto attendu = FichierProfil::EcrireDansTexte(origine, "Securite", "Erreur", "1");
+        attendu = FichierProfil::EcrireDansTexte(*attendu, "Securite", "CleCpt", Cle);
+        attendu = FichierProfil::EcrireDansTexte(*attendu, "Securite", "Dernum", "1");
+        attendu = FichierProfil::EcrireDansTexte(*attendu, "Securite", "Erreur", "0");
+        QVERIFY(attendu);
+        Vente(Euros(10), Euros(2));
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QCOMPARE(f.readAll(), *attendu);
+        VerifierLivres();
+    }
+
+    void marqueurDUnChiffreReecritSurPlace() {
+        QVERIFY(FichierProfil(CheminIni()).Ecrire("Securite", "Erreur", "1"));
+        const auto inode = Inode();
+        EcrireMarqueur("2");
+        QCOMPARE(Ini("Erreur"), QStringLiteral("2"));
+        QCOMPARE(Inode(), inode);
+    }
+
+    void marqueurDeLongueurDifferenteReecritLeFichierEntier() {
+        QVERIFY(FichierProfil(CheminIni()).Ecrire("Securite", "Erreur", "12"));
+        const auto inode = Inode();
+        EcrireMarqueur("2");
+        QCOMPARE(Ini("Erreur"), QStringLiteral("2"));
+        QVERIFY(Inode() != inode);
+        EcrireMarqueur("0");
+        QCOMPARE(Ini("Erreur"), QStringLiteral("0"));
     }
 
     void imagesDesCollectifsMemeSansLigneDeTiers() {
