@@ -3,6 +3,9 @@
 #include "BancSauvegarde.h"
 #include "backup/Backup.h"
 #include "backup/Restauration.h"
+#include "chart/Filtre.h"
+#include "posting/PasserEcriture.h"
+#include "posting/Verification.h"
 #include "ui/Application.h"
 #include "ui/Boite.h"
 #include "ui/Dialogues.h"
@@ -10,19 +13,10 @@
 
 #include <QtTest>
 
-#if __has_include("posting/Verification.h") && __has_include("posting/PasserEcriture.h") &&        \
-                                                             __has_include("chart/Filtre.h")
-#define MOTEUR_LIVRE 1
-#include "chart/Filtre.h"
-#include "posting/PasserEcriture.h"
-#include "posting/Verification.h"
-#endif
-
 using namespace banc;
 
 namespace {
 
-#ifdef MOTEUR_LIVRE
 const QString Cle = QStringLiteral("012024");
 
 void OuvrirExerciceEssai() {
@@ -75,7 +69,6 @@ void Passer(const QString& debit, const QString& credit, std::int64_t centimes,
     LireConstante(Cle, k);
     PasserEcriture(QString::number(k.LastNumEcrit + 1), QStringLiteral("E"));
 }
-#endif
 
 } // namespace
 
@@ -83,9 +76,6 @@ class TestSauvegardeLivres : public QObject {
     Q_OBJECT
 private slots:
     void allerRetourDeLivresPassesGardeLaVerificationVraie() {
-#ifndef MOTEUR_LIVRE
-        QSKIP("le moteur d'écritures n'est pas encore dans l'arbre");
-#else
         Banc banc;
         OuvrirExerciceEssai();
         Passer(QStringLiteral("607"), QStringLiteral("401001"), 12050, QStringLiteral("A"));
@@ -111,7 +101,6 @@ private slots:
         OuvrirBase(banc.Chemin());
         QCOMPARE(VidageComplet(), avant);
         QVERIFY(Verification());
-#endif
     }
 };
 
