@@ -1,5 +1,7 @@
 #include "ui/Boite.h"
 
+#include "ui/Dialogues.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
@@ -80,6 +82,7 @@ Reponse MontrerBoite(const QString& texte, const QString& titre, Icone icone, Bo
         if (liste[i].reponse == ReponseEchap(boutons)) echap = b;
     }
     boite.setEscapeButton(echap);
+    LimiterEnEssai(boite);
     boite.exec();
     QAbstractButton* clique = boite.clickedButton();
     for (const Bouton& b : liste)

@@ -6,8 +6,10 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QTimer>
 #include <QUrl>
 
 namespace ui {
@@ -19,6 +21,7 @@ QList<QString> reponsesFichier;
 QList<bool> reponsesImprimante;
 QList<bool> reponsesOuverture;
 bool modeEssai = false;
+int delaiEssai = 20000;
 
 QString Motifs(QString motif) {
     // "*.*" ne désigne que les noms pointés hors de Windows : c'est "tous les fichiers".
@@ -49,6 +52,7 @@ QString MontrerDialogueFichier(QFileDialog::AcceptMode mode, const QString& titr
                                                    : QStringLiteral("Enregistrer"));
     if (!filtre.isEmpty()) dialogue.setNameFilter(FiltreQt(filtre));
     if (!nom.isEmpty()) dialogue.selectFile(nom);
+    LimiterEnEssai(dialogue);
     while (dialogue.exec() == QDialog::Accepted) {
         const QString choisi = dialogue.selectedFiles().value(0);
         if (choisi.isEmpty()) return QString();
@@ -111,6 +115,7 @@ bool ChoisirImprimante(QPrinter& imprimante) {
         QPrintDialog dialogue(&imprimante, QApplication::activeWindow());
         dialogue.setObjectName(QStringLiteral("ChoixImprimante"));
         dialogue.setWindowTitle(QStringLiteral("Imprimer"));
+        LimiterEnEssai(dialogue);
         accepte = dialogue.exec() == QDialog::Accepted;
     }
     journal.append({Dialogue::Imprimante, QStringLiteral("Imprimer"), imprimante.printerName(),
@@ -154,6 +159,23 @@ void FixerModeEssai(bool actif) {
 
 bool ModeEssai() {
     return modeEssai;
+}
+
+void FixerDelaiEssai(int millisecondes) {
+    delaiEssai = millisecondes;
+}
+
+void LimiterEnEssai(QDialog& dialogue) {
+    if (!modeEssai) return;
+    QDialog* d = &dialogue;
+    QTimer::singleShot(delaiEssai, d, [d] {
+        if (!d->isVisible()) return;
+        const auto* boite = qobject_cast<QMessageBox*>(d);
+        qWarning("Essai : « %s »%s resté sans réponse %d ms, fermé", qPrintable(d->objectName()),
+                 boite ? qPrintable(QStringLiteral(" (« %1 »)").arg(boite->text())) : "",
+                 delaiEssai);
+        d->reject();
+    });
 }
 
 const QList<EntreeDialogue>& JournalDialogues() {

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 
+class QDialog;
 class QPrinter;
 
 namespace ui {
@@ -40,9 +41,13 @@ void RepondreFichier(const QString& chemin);
 void RepondreImprimante(bool accepte);
 void RepondreOuvertureFichier(bool reussie);
 void OublierReponsesDialogues();
-// En mode essai, OuvrirFichier ne lance jamais rien (noté au journal, réussi).
+// En mode essai, OuvrirFichier ne lance jamais rien (noté au journal, réussi), et une
+// boîte ou un dialogue resté sans réponse est fermé au bout du délai d'essai avec un
+// avertissement, au lieu de bloquer le test jusqu'à son arrêt forcé.
 void FixerModeEssai(bool actif);
 bool ModeEssai();
+void FixerDelaiEssai(int millisecondes);
+void LimiterEnEssai(QDialog& dialogue);
 
 const QList<EntreeDialogue>& JournalDialogues();
 void ViderJournalDialogues();

@@ -17,6 +17,7 @@ void RemettreServicesAZero() {
     ui::ViderJournalDialogues();
     ui::OublierReponsesDialogues();
     ui::FixerModeEssai(true);
+    ui::FixerDelaiEssai(20000);
     ui::FixerHorloge(QDateTime());
     ui::ObserverFin(true);
 }

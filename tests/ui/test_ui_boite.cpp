@@ -2,9 +2,11 @@
 #include "support/DossierEssai.h"
 #include "support/ProcessusFils.h"
 #include "ui/Boite.h"
+#include "ui/Dialogues.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -120,6 +122,18 @@ private slots:
         QuandBoite([](QMessageBox* b) { b->reject(); });
         QCOMPARE(Boite("Recommencer ?", "Maroval", Icone::Exclamation, Boutons::RecommencerAnnuler),
                  Reponse::Annuler);
+    }
+
+    void boiteSansReponseEnEssaiSeFermeAvecUnAvertissement() {
+        ui::FixerDelaiEssai(200);
+        QTest::ignoreMessage(QtWarningMsg,
+                             "Essai : « Boite » (« Personne ne répond ») resté sans réponse "
+                             "200 ms, fermé");
+        QElapsedTimer chrono;
+        chrono.start();
+        QCOMPARE(Boite("Personne ne répond", "Maroval", Icone::Question, Boutons::OuiNon),
+                 Reponse::Non);
+        QVERIFY(chrono.elapsed() < 5000);
     }
 
     void icones() {
