@@ -2,7 +2,8 @@
 # Installe les paquets Debian qui manquent, et seulement eux.
 set -euo pipefail
 paquets=(cmake ninja-build g++ make pkg-config qt6-base-dev libsqlite3-dev libsqlitecpp-dev
-         libzip-dev poppler-utils xvfb xauth unzip clang libclang-rt-14-dev fonts-dejavu-core)
+         libzip-dev poppler-utils xvfb xauth unzip clang libclang-rt-14-dev fonts-dejavu-core
+         qt6-translations-l10n)
 manquants=()
 for p in "${paquets[@]}"; do
   if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed'; then
