@@ -99,18 +99,30 @@ void TotauxBalance(const QString& Choix, Montant& TotDeb, Montant& TotCre, Monta
 void TotauxJournal(const QString& Journal, Montant& TotDeb, Montant& TotCre, int Mois) {
     TotDeb = TotCre = Montant();
     const bool tous = Journal.trimmed() == QLatin1String("*");
-    // Pour un mois, les lignes sont regroupées par le texte de leur mois, lu ensuite
-    // comme un nombre.
-    std::string sql = Mois > 0 ? "SELECT substr(DateEcr,5,2), " : "SELECT '', ";
-    sql += "DCEcr='D', sum(abs(MntEcr)) FROM Ecriture WHERE CleCpt=?";
-    if (!tous) sql += " AND Journal=?";
-    sql += Mois > 0 ? " GROUP BY 1, 2" : " GROUP BY 2";
-    auto& q = Requete(sql);
-    q.bind(1, CleCourante().toStdString());
-    if (!tous) q.bind(2, Journal.toStdString());
+    const std::string filtre =
+        std::string(" FROM Ecriture WHERE CleCpt=?") + (tous ? "" : " AND Journal=?");
+    const auto lier = [&](SQLite::Statement& q) -> SQLite::Statement& {
+        q.bind(1, CleCourante().toStdString());
+        if (!tous) q.bind(2, Journal.toStdString());
+        return q;
+    };
+    if (Mois <= 0) {
+        // L'année entière : un seul passage sur les lignes, sans tri.
+        auto& q = lier(Requete("SELECT sum(CASE WHEN DCEcr='D' THEN abs(MntEcr) ELSE 0 END), "
+                               "sum(CASE WHEN DCEcr='D' THEN 0 ELSE abs(MntEcr) END)" +
+                               filtre));
+        if (q.executeStep()) {
+            TotDeb = Colonne(q, 0);
+            TotCre = Colonne(q, 1);
+        }
+        q.reset();
+        return;
+    }
+    // Un mois : les lignes sont regroupées par le texte de leur mois, lu comme un nombre.
+    auto& q = lier(Requete("SELECT substr(DateEcr,5,2), DCEcr='D', sum(abs(MntEcr))" + filtre +
+                           " GROUP BY 1, 2"));
     while (q.executeStep()) {
-        if (Mois > 0 && ValeurNumerique(QString::fromUtf8(q.getColumn(0).getText())) != Mois)
-            continue;
+        if (ValeurNumerique(QString::fromUtf8(q.getColumn(0).getText())) != Mois) continue;
         (q.getColumn(1).getInt() ? TotDeb : TotCre) += Colonne(q, 2);
     }
 }
