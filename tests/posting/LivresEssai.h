@@ -6,6 +6,7 @@
 
 #include "chart/Filtre.h"
 #include "posting/PasserEcriture.h"
+#include "posting/Verification.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -21,6 +22,18 @@
 namespace essai {
 
 inline const QString Cle = QStringLiteral("012024");
+
+// Les boîtes de la reprise, au mot près.
+inline const QString MessageMarqueur1 = QStringLiteral(
+    "Votre dernière session Maroval s'est terminee anormalement pendant l'enregistrement de "
+    "votre derniere ecriture.\n\nCette derniere ecriture n'a pas ete memorisee, veuillez la "
+    "re-saisir.\n\nLe reste de votre comptabilité n'a pas été affecté par cet arrêt brutal.");
+inline const QString RecuperationReussie = QStringLiteral(
+    "La récupération s'est effectuée correctement.\nVous pouvez maintenant continuer à "
+    "travailler.");
+inline const QString RecuperationImpossible = QStringLiteral(
+    "Maroval ne peut récupérer votre comptabilité automatiquement.\nUtilisez le bouton "
+    "Restauration.");
 
 inline Montant Euros(double v) {
     return Montant::depuisDouble(v);
@@ -461,6 +474,13 @@ inline QString EcartsAvecRecalcul(const Depart& depart) {
                                                    : &table::Constante::TCJIM))[i]);
         }
     }
+    return ecarts;
+}
+
+// Vérification des livres et recalcul depuis les lignes : les écarts (vide si tout va).
+inline QString EcartsDesLivres(const Depart& depart) {
+    QString ecarts = EcartsAvecRecalcul(depart);
+    if (!Verification()) ecarts += QStringLiteral("la vérification des livres échoue\n");
     return ecarts;
 }
 

@@ -24,17 +24,6 @@ using namespace essai;
 
 namespace {
 
-const QString kMessage1 = QStringLiteral(
-    "Votre dernière session Maroval s'est terminee anormalement pendant l'enregistrement de "
-    "votre derniere ecriture.\n\nCette derniere ecriture n'a pas ete memorisee, veuillez la "
-    "re-saisir.\n\nLe reste de votre comptabilité n'a pas été affecté par cet arrêt brutal.");
-const QString kRecupereeOK = QStringLiteral(
-    "La récupération s'est effectuée correctement.\nVous pouvez maintenant continuer à "
-    "travailler.");
-const QString kRecupereeKO = QStringLiteral(
-    "Maroval ne peut récupérer votre comptabilité automatiquement.\nUtilisez le bouton "
-    "Restauration.");
-
 // --- Côté fils ---
 
 int g_arret = 0;
@@ -217,7 +206,7 @@ class TestArretBrutal : public QObject {
                 QCOMPARE(marqueur, QStringLiteral("0"));
             } else if (k <= p2) {
                 QCOMPARE(marqueur, QStringLiteral("1"));
-                boiteAttendue = kMessage1;
+                boiteAttendue = MessageMarqueur1;
                 if (k > vImages) attendu << conversion;
             } else if (k <= p3) {
                 QCOMPARE(marqueur, QStringLiteral("2"));
@@ -225,7 +214,7 @@ class TestArretBrutal : public QObject {
                 // Un budget fait par l'écriture n'a pas d'image : il reste, faux.
                 if (k > vLivres) attendu << budgetsFaits;
                 livresJustes = k <= vLivres || budgetsFaits.isEmpty();
-                boiteAttendue = livresJustes ? kRecupereeOK : kRecupereeKO;
+                boiteAttendue = livresJustes ? RecuperationReussie : RecuperationImpossible;
             } else {
                 QCOMPARE(marqueur, QStringLiteral("0"));
                 attendu = apres;
@@ -302,7 +291,7 @@ private slots:
             // La reprise interrompue laisse le marqueur à 2 : le démarrage suivant la refait.
             QCOMPARE(Marqueur(), QStringLiteral("2"));
             const QString boite = Redemarrer();
-            QCOMPARE(boite, kRecupereeOK);
+            QCOMPARE(boite, RecuperationReussie);
             QCOMPARE(Vidage(), avant);
             QVERIFY(Verification());
             ++pointsEprouves;

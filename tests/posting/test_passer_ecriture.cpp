@@ -67,8 +67,7 @@ class TestPasserEcriture : public QObject {
     }
 
     void VerifierLivres() {
-        QVERIFY(Verification());
-        const QString ecarts = EcartsAvecRecalcul(depart);
+        const QString ecarts = EcartsDesLivres(depart);
         QVERIFY2(ecarts.isEmpty(), qPrintable(ecarts));
         QCOMPARE(Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 0);
         QCOMPARE(Compter("SELECT count(*) FROM Budget WHERE CleCpt='000000'"), 0);

@@ -25,16 +25,6 @@ namespace {
 
 struct Arret {};
 
-const QString kMessage1 = QStringLiteral(
-    "Votre dernière session Maroval s'est terminee anormalement pendant l'enregistrement de "
-    "votre derniere ecriture.\n\nCette derniere ecriture n'a pas ete memorisee, veuillez la "
-    "re-saisir.\n\nLe reste de votre comptabilité n'a pas été affecté par cet arrêt brutal.");
-const QString kRecupereeOK = QStringLiteral(
-    "La récupération s'est effectuée correctement.\nVous pouvez maintenant continuer à "
-    "travailler.");
-const QString kRecupereeKO = QStringLiteral(
-    "Maroval ne peut récupérer votre comptabilité automatiquement.\nUtilisez le bouton "
-    "Restauration.");
 const QString kIncoherence =
     QStringLiteral("Maroval a détecté une incohérence dans votre comptabilité , faites une "
                    "restauration à partir d'une sauvegarde antérieure");
@@ -139,7 +129,7 @@ private slots:
         ui::RepondreBoite(ui::Reponse::OK);
         DeciderMarqueur();
         QCOMPARE(ui::JournalBoites().size(), 1);
-        QCOMPARE(ui::JournalBoites()[0].texte, kMessage1);
+        QCOMPARE(ui::JournalBoites()[0].texte, MessageMarqueur1);
         QCOMPARE(ui::JournalBoites()[0].icone, ui::Icone::Exclamation);
         QCOMPARE(Images(), 0);
         QCOMPARE(Vidage(), avant);
@@ -152,7 +142,7 @@ private slots:
         QCOMPARE(Compter("SELECT count(*) FROM Ecriture"), 6);
         MontrerRecupPourDeVrai();
         PiloteModal pilote;
-        pilote.Attendre("Recup", Cliquer("BRecup")).AttendreBoite(kRecupereeOK, "OK");
+        pilote.Attendre("Recup", Cliquer("BRecup")).AttendreBoite(RecuperationReussie, "OK");
         pilote.Demarrer();
         DeciderMarqueur();
         QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
@@ -174,7 +164,7 @@ private slots:
             r.BRecup_Click();
         };
         DeciderMarqueur();
-        QCOMPARE(ui::JournalBoites().last().texte, kRecupereeOK);
+        QCOMPARE(ui::JournalBoites().last().texte, RecuperationReussie);
         QCOMPARE(ui::JournalBoites().last().icone, ui::Icone::Information);
         // Les lignes d'avant le numéro du marqueur restent.
         QCOMPARE(Vidage(), avant);
@@ -193,7 +183,7 @@ private slots:
         };
         PiloteModal pilote;
         pilote.Attendre("Recup", Cliquer("BRecup"))
-            .AttendreBoite(kRecupereeKO, "OK")
+            .AttendreBoite(RecuperationImpossible, "OK")
             .Attendre("Recup", Cliquer("BResto"));
         pilote.Demarrer();
         DeciderMarqueur();
@@ -217,7 +207,7 @@ private slots:
         bool resteOuvert = false;
         PiloteModal pilote;
         pilote.Attendre("Recup", Cliquer("BRecup"))
-            .AttendreBoite(kRecupereeKO, "OK")
+            .AttendreBoite(RecuperationImpossible, "OK")
             .Attendre("Recup", Cliquer("BResto"))
             .AttendreBoite(kIncoherence, "OK")
             .Attendre("Recup", [&](QWidget* w) {
@@ -274,7 +264,7 @@ private slots:
                           resteApresEchap = w->isVisible();
                           CliquerBouton(w, "BRecup");
                       })
-            .AttendreBoite(kRecupereeOK, "OK");
+            .AttendreBoite(RecuperationReussie, "OK");
         pilote.Demarrer();
         DeciderMarqueur();
         QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
