@@ -2,28 +2,14 @@
 
 #include "backup/Restauration.h"
 #include "companies/OuvertureEcrans.h"
-#include "session/FichierProfil.h"
-#include "session/Session.h"
-#include "store/Base.h"
 #include "ui/Boite.h"
 #include "ui/Dialogues.h"
-#include "ui/Fin.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 namespace ecran {
 
 namespace {
-
-std::optional<Extraction>& ExtractionFixee() {
-    static std::optional<Extraction> e;
-    return e;
-}
-
-Extraction ExtractionCourante() {
-    return ExtractionFixee() ? *ExtractionFixee() : ExtractionLivree();
-}
 
 bool Question(const QString& texte, const QString& titre = QStringLiteral("Maroval"),
               ui::Icone icone = ui::Icone::Question) {
@@ -32,25 +18,7 @@ bool Question(const QString& texte, const QString& titre = QStringLiteral("Marov
 
 } // namespace
 
-Extraction ExtractionLivree() {
-    // Extraction à part, contrôle de la base, puis un seul renommage : module des sauvegardes.
-    return [](const QString& archive) { return RemplacerBaseDepuisArchive(archive); };
-}
-
-bool ExtractionDisponible() {
-    return static_cast<bool>(ExtractionCourante());
-}
-
-void FixerExtraction(std::optional<Extraction> extraction) {
-    ExtractionFixee() = std::move(extraction);
-}
-
 void RestaurerBaseComplete() {
-    const Extraction extraire = ExtractionCourante();
-    if (!extraire) {
-        ui::Boite(TexteEcranAbsent(), QStringLiteral("Maroval"), ui::Icone::Information);
-        return;
-    }
     if (!Question(QStringLiteral(
                       "Si vous confirmez le clic sur ce bouton, vous allez restaurer\n"
                       "TOUTES LES COMPTABILITES PRESENTES DANS VOTRE SAUVEGARDE.\n"
@@ -73,25 +41,9 @@ void RestaurerBaseComplete() {
                   QStringLiteral("Confirmation")))
         return;
 
-    // La base est fermée pendant qu'on la remplace, rouverte si rien n'a été remplacé.
-    const QString dossier = session().DossierDonnees;
-    FermerBase();
-    const bool reussie = extraire(fichier) &&
-                         QFileInfo::exists(QDir(dossier).filePath(QStringLiteral("maroval.mdb")));
-    if (!reussie) {
-        OuvrirBase(dossier);
-        ui::Boite(TexteEchecRestauration(), QStringLiteral("Maroval"), ui::Icone::Critique);
-        return;
-    }
-    // Le marqueur d'arrêt brutal n'a pas de sens pour la base restaurée ; le maroval.ini en
-    // place reste celui qui compte.
-    FichierProfil(CheminIni())
-        .Ecrire(QStringLiteral("Securite"), QStringLiteral("Erreur"), QStringLiteral("0"));
-    ui::Boite(QStringLiteral("La restauration est terminée.\n"
-                             "Maroval va être arreté pour la prise en compte de la restauration.\n"
-                             "Vous pouvez relancer Maroval immédiatement"),
-              QStringLiteral("Maroval"), ui::Icone::Information);
-    ui::TerminerProgramme(0);
+    // Extraction à part, contrôle, un seul renommage, marqueur à 0 et fin du programme :
+    // la fin commune de toutes les restaurations.
+    RestaurerArchive(fichier);
 }
 
 bool AvertissementAncienneRestauration() {

@@ -56,7 +56,6 @@ private slots:
         ui::FixerHorloge(QDateTime(QDate(2024, 3, 10), QTime(9, 30)));
     }
     void cleanup() {
-        ecran::FixerExtraction({});
         ecran::OublierOuvreurs();
         FermerBase();
         dossier.reset();

@@ -3,6 +3,7 @@
 
 #include "Essai.h"
 
+#include "backup/Restauration.h"
 #include "backup/ZipBiblio.h"
 #include "companies/CreSociete.h"
 #include "companies/Restauration.h"
@@ -37,8 +38,6 @@ class TestRestauration : public QObject {
     Q_OBJECT
     std::unique_ptr<DossierEssai> dossier;
     std::unique_ptr<QTemporaryDir> sauvegarde;
-    QStringList extractions;
-    bool baseOuvertePendantExtraction = false;
 
     std::unique_ptr<ecran::CreSociete> Montrer() {
         session().ModeCreSociete = 1;
@@ -67,17 +66,20 @@ class TestRestauration : public QObject {
         CliquerBouton(e, "Command5");
     }
 
-    void ExtraireVers(bool reussie) {
-        extractions.clear();
-        baseOuvertePendantExtraction = false;
-        ecran::FixerExtraction([this, reussie](const QString& archive) -> bool {
-            extractions << archive;
-            baseOuvertePendantExtraction = BaseOuverte();
-            if (!reussie) return false;
-            const QString cible = dossier->Fichier("maroval.mdb");
-            QFile::remove(cible);
-            return QFile::copy(QDir(sauvegarde->path()).filePath("maroval.mdb"), cible);
-        });
+    // Une vraie archive de la base sauvegardée, et un fichier qui n'est pas une archive.
+    QString ArchiveSaine() {
+        const QString archive = QDir(sauvegarde->path()).filePath("maroval.sav");
+        if (!QFile::exists(archive)) Zipper(sauvegarde->path(), "maroval.mdb", archive);
+        return archive;
+    }
+    QString ArchiveAbimee() {
+        const QString archive = QDir(sauvegarde->path()).filePath("abimee.sav");
+        QFile f(archive);
+        if (f.open(QIODevice::WriteOnly)) f.write("ceci n'est pas une archive");
+        return archive;
+    }
+    int SocietesActuelles() {
+        return essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Actuelle'");
     }
 
 private slots:
@@ -89,23 +91,11 @@ private slots:
         PreparerSauvegarde();
     }
     void cleanup() {
-        ecran::FixerExtraction({});
         FermerBase();
         dossier.reset();
     }
 
-    void sansModuleDeSauvegarde_previentQueCeNEstPasDisponible() {
-        ecran::FixerExtraction(ecran::Extraction());
-        QVERIFY(!ecran::ExtractionDisponible());
-        auto e = Montrer();
-        ui::RepondreBoite(ui::Reponse::OK);
-        CliquerBouton(e.get(), "Command5");
-        QCOMPARE(essai::TextesBoites(), QStringList({ecran::TexteEcranAbsent()}));
-        QVERIFY(ui::JournalDialogues().isEmpty());
-    }
-
     void chaqueNon_arreteSansRienToucher() {
-        ExtraireVers(true);
         auto e = Montrer();
         ui::RepondreBoite(ui::Reponse::Non);
         CliquerBouton(e.get(), "Command5");
@@ -114,12 +104,11 @@ private slots:
         CliquerBouton(e.get(), "Command5");
         QCOMPARE(essai::TextesBoites(), QStringList({kPremiere, kPremiere, kDeuxieme}));
         QVERIFY(ui::JournalDialogues().isEmpty());
-        QVERIFY(extractions.isEmpty());
         QVERIFY(!ui::FinDemandee());
+        QCOMPARE(SocietesActuelles(), 1);
     }
 
     void fichierNonChoisi_ouConfirmationRefusee_arrete() {
-        ExtraireVers(true);
         auto e = Montrer();
         ui::RepondreBoite(ui::Reponse::Oui);
         ui::RepondreBoite(ui::Reponse::Oui);
@@ -137,37 +126,30 @@ private slots:
         CliquerBouton(e.get(), "Command5");
         QCOMPARE(essai::TextesBoites(), QStringList({kPremiere, kDeuxieme, kConfirmation}));
         QCOMPARE(ui::JournalBoites()[2].titre, QStringLiteral("Confirmation"));
-        QVERIFY(extractions.isEmpty());
         QVERIFY(BaseOuverte());
+        QCOMPARE(SocietesActuelles(), 1);
     }
 
     void extractionEchouee_messageEtAncienneBaseRouverte() {
-        ExtraireVers(false);
         auto e = Montrer();
-        RestaurerJusquAuBout(e.get(), kArchive);
-        QCOMPARE(extractions, QStringList({kArchive}));
-        QVERIFY(!baseOuvertePendantExtraction);
+        RestaurerJusquAuBout(e.get(), ArchiveAbimee());
         QCOMPARE(ui::JournalBoites().last().texte,
                  QStringLiteral("La restauration a échoué. La base de données est introuvable "
                                 "dans votre sauvegarde\nou votre fichier est endommagé."));
         QCOMPARE(ui::JournalBoites().last().icone, ui::Icone::Critique);
         QVERIFY(!ui::FinDemandee());
         QVERIFY(BaseOuverte());
-        QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Actuelle'"), 1);
+        QCOMPARE(SocietesActuelles(), 1);
     }
 
     void restaurationReussie_marqueurAZeroPuisFinDuProgramme() {
         FichierProfil ini(CheminIni());
         QVERIFY(ini.Ecrire("Securite", "Erreur", "2"));
         QVERIFY(ini.Ecrire("Options", "SymbEu", "€"));
-        ExtraireVers(true);
         auto e = Montrer();
-        RestaurerJusquAuBout(e.get(), kArchive);
+        RestaurerJusquAuBout(e.get(), ArchiveSaine());
         QVERIFY(ui::FinDemandee());
-        QCOMPARE(ui::JournalBoites().last().texte,
-                 QStringLiteral("La restauration est terminée.\n"
-                                "Maroval va être arreté pour la prise en compte de la "
-                                "restauration.\nVous pouvez relancer Maroval immédiatement"));
+        QCOMPARE(ui::JournalBoites().last().texte, TexteRestaurationTerminee());
         QCOMPARE(ini.Lire("Securite", "Erreur"), QStringLiteral("0"));
         // La configuration en place reste celle qui compte.
         QCOMPARE(ini.Lire("Options", "SymbEu"), QStringLiteral("€"));
@@ -175,17 +157,6 @@ private slots:
         OuvrirBase(dossier->Chemin());
         QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Restaurée'"), 1);
         QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Actuelle'"), 0);
-    }
-
-    void restaurationReelle_depuisUneArchiveDuModuleDesSauvegardes() {
-        ecran::FixerExtraction({});
-        const QString archive = QDir(sauvegarde->path()).filePath("maroval.sav");
-        Zipper(sauvegarde->path(), "maroval.mdb", archive);
-        auto e = Montrer();
-        RestaurerJusquAuBout(e.get(), archive);
-        QVERIFY(ui::FinDemandee());
-        OuvrirBase(dossier->Chemin());
-        QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Restaurée'"), 1);
     }
 };
 
