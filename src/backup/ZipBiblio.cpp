@@ -1,5 +1,7 @@
 #include "backup/ZipBiblio.h"
 
+#include "session/Durable.h"
+
 #include "backup/ErreurSauvegarde.h"
 #include "session/Session.h"
 
@@ -48,15 +50,6 @@ struct Archive {
 
 QString MessageZip() {
     return g_message;
-}
-
-bool SynchroniserDossier(const QString& dossier) {
-    const int fd =
-        ::open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return false;
-    const bool ok = ::fsync(fd) == 0;
-    ::close(fd);
-    return ok;
 }
 
 void Zipper(const QString& Dossier, const QString& NomFichier, const QString& Archive) {

@@ -1,5 +1,7 @@
 #include "session/FichierProfil.h"
 
+#include "session/Durable.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
@@ -173,15 +175,6 @@ bool EcrireTout(int fd, const QByteArray& octets) {
         reste -= n;
     }
     return true;
-}
-
-bool SynchroniserDossier(const QString& dossier) {
-    const int fd =
-        ::open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return false;
-    const bool ok = ::fsync(fd) == 0;
-    ::close(fd);
-    return ok;
 }
 
 // Fichier temporaire à côté, fsync, renommage par-dessus l'ancien, fsync du dossier :
