@@ -1,0 +1,75 @@
+#include "entry/Choisais.h"
+
+#include "entry/Saislog.h"
+#include "store/Base.h"
+#include "ui/Aide.h"
+#include "ui_Choisais.h"
+
+#if __has_include("entry/SaisDC.h")
+#include "entry/SaisDC.h"
+#define MAROVAL_SAISDC 1
+#endif
+#if __has_include("entry/Annul.h")
+#include "entry/Annul.h"
+#define MAROVAL_ANNUL 1
+#endif
+#if __has_include("entry/ModifLib.h")
+#include "entry/ModifLib.h"
+#define MAROVAL_MODIFLIB 1
+#endif
+
+namespace ecran {
+
+Choisais::Choisais(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Choisais>()) {
+    ui->setupUi(this);
+    connect(ui->Command1, &QPushButton::clicked, this, &Choisais::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &Choisais::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &Choisais::Command3_Click);
+    connect(ui->Command4, &QPushButton::clicked, this, &Choisais::Command4_Click);
+    connect(ui->Command5, &QPushButton::clicked, this, &Choisais::Command5_Click);
+    connect(ui->Command6, &QPushButton::clicked, this, &Choisais::Command6_Click);
+    Form_Load();
+}
+
+Choisais::~Choisais() = default;
+
+void Choisais::Form_Load() {
+    // L'écriture en cours d'une session précédente ne survit jamais.
+    Base().exec("DELETE FROM wSaisie");
+}
+
+void Choisais::Command1_Click() {
+    Saislog e(this);
+    e.exec();
+}
+
+void Choisais::Command2_Click() {
+#ifdef MAROVAL_SAISDC
+    SaisDC e(this);
+    e.exec();
+#endif
+}
+
+void Choisais::Command3_Click() {
+    Quitter();
+}
+
+void Choisais::Command4_Click() {
+#ifdef MAROVAL_ANNUL
+    Annul e(this);
+    e.exec();
+#endif
+}
+
+void Choisais::Command5_Click() {
+    ui::AfficherAide(7);
+}
+
+void Choisais::Command6_Click() {
+#ifdef MAROVAL_MODIFLIB
+    ModifLib e(this);
+    e.exec();
+#endif
+}
+
+} // namespace ecran
