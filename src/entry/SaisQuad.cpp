@@ -1,0 +1,384 @@
+#include "entry/SaisQuad.h"
+
+#include "entry/SessionSaisie.h"
+#include "posting/PasserEcriture.h"
+#include "session/Montant.h"
+#include "session/Session.h"
+#include "session/Texte.h"
+#include "store/Acces.h"
+#include "store/Base.h"
+#include "store/Routines.h"
+#include "ui/Aide.h"
+#include "ui/Boite.h"
+#include "ui/ChampDate.h"
+#include "ui/Grille.h"
+#include "ui_SaisQuad.h"
+
+#include "consultation/DetailCp.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QKeyEvent>
+#include <QRegularExpression>
+#include <QTimer>
+
+namespace ecran {
+
+namespace {
+
+const QString kTitre = QStringLiteral("Maroval");
+
+// Rang de la liste (0 à 3) d'un code ErCpt ; -1 pour un code qui n'a pas de liste.
+int RangDuCode(const QString& code) {
+    static const QStringList codes = {"E1", "R1", "E2", "R2"};
+    return codes.indexOf(code.trimmed());
+}
+
+// Un montant tapé, blancs ôtés et point changé en virgule : un nombre et rien d'autre.
+bool MontantConforme(const QString& texte) {
+    static const QRegularExpression forme(QStringLiteral("^[-+]?(\\d+(,\\d*)?|,\\d+)$"));
+    return forme.match(texte).hasMatch();
+}
+
+// Date du masque JJ/MM/AAAA prise par ses caractères 7, 4 et 1 : les blancs soulignés
+// d'un masque vide passent tels quels.
+QString DateMasqueVersBase(const QString& texte) {
+    return texte.mid(6, 4) + texte.mid(3, 2) + texte.mid(0, 2);
+}
+
+} // namespace
+
+SaisQuad::SaisQuad(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::SaisQuad>()) {
+    ui->setupUi(this);
+    for (int rang = 0; rang < 4; ++rang)
+        BrancherListe(rang);
+    connect(ui->Command1, &QPushButton::clicked, this, &SaisQuad::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &SaisQuad::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &SaisQuad::Command3_Click);
+    connect(ui->Command4, &QPushButton::clicked, this, &SaisQuad::Command4_Click);
+    connect(ui->Command5, &QPushButton::clicked, this, &SaisQuad::Command5_Click);
+    for (QLineEdit* champ : {ui->Text1, ui->Text2, ui->Text3})
+        champ->installEventFilter(this);
+    Form_Load();
+}
+
+SaisQuad::~SaisQuad() = default;
+
+ui::Grille* SaisQuad::Liste(int rang) const {
+    ui::Grille* listes[] = {ui->Tree1, ui->Tree2, ui->Tree3, ui->Tree4};
+    return rang >= 0 && rang < 4 ? listes[rang] : nullptr;
+}
+
+void SaisQuad::BrancherListe(int rang) {
+    ui::Grille* g = Liste(rang);
+    g->FixerColonnes(
+        {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Montant")});
+    g->setColumnWidth(0, 80);
+    g->setColumnWidth(1, 170);
+    g->FixerValidation([this, g](int ligne, int colonne, QString& texte) {
+        return Valider(g, ligne, colonne, texte) ? ui::Grille::Validation::Accepter
+                                                 : ui::Grille::Validation::GarderOuvert;
+    });
+    connect(g, &QTreeWidget::itemClicked, this, [this, g] { OuvrirMontant(g); });
+    connect(g, &ui::Grille::touche, this, [this, rang](int cle) { ToucheListe(rang, cle); });
+    connect(g, &QTreeWidget::currentItemChanged, this, [this, g](QTreeWidgetItem* e) {
+        if (e) AffCompteSelect(e->text(0).left(8));
+    });
+}
+
+void SaisQuad::Form_Load() {
+    CompteChoisi().clear();
+    ui::PreparerChampDate(ui->Text1);
+    ui::PreparerChampDate(ui->Text3);
+    const bool echeance = CleMenuSaisie().toInt() < 30;
+    ui->Text3->setVisible(echeance);
+    ui->Label5->setVisible(echeance);
+    const QString zero = FormaterMontant(Montant(), session().FormatMontant);
+    ui->Label12->setText(zero);
+    ui->Label13->setText(zero);
+    setWindowTitle(QStringLiteral("Saisie logique de \"%1\"").arg(LigneMenuSaisie().trimmed()));
+
+    // Le plus grand numéro déjà passé l'emporte sur le compteur de l'exercice.
+    table::Constante k;
+    LireConstante(CleCourante(), k);
+    double numero = k.LastNumEcrit + 1;
+    auto& q = Requete("SELECT MAX(NumEcr) FROM Ecriture WHERE CleCpt=?");
+    q.bind(1, CleCourante().toStdString());
+    if (q.executeStep() && !q.getColumn(0).isNull()) numero = q.getColumn(0).getDouble() + 1;
+    q.reset();
+    ui->Label1->setText(QString::number(static_cast<qint64>(numero)));
+    ui::FixerTexteDate(ui->Text1, DateVersEcran(k.DateSaisie));
+
+    auto& l = Requete("SELECT wNumEcrt, wNumCpt, wLibCpt, wMntEcr, wErEcr FROM wSaisie "
+                      "ORDER BY rowid");
+    while (l.executeStep()) {
+        ui::Grille* g = Liste(RangDuCode(QString::fromUtf8(l.getColumn(4).getText())));
+        if (!g) continue;
+        const Montant m = Montant::depuisDixMilliemes(l.getColumn(3).getInt64());
+        g->AjouterLigne({TexteLu(QString::fromUtf8(l.getColumn(1).getText()), 8),
+                         QString::fromUtf8(l.getColumn(2).getText()),
+                         FormaterMontant(m, session().FormatMontant)},
+                        l.getColumn(0).getDouble());
+    }
+    l.reset();
+}
+
+void SaisQuad::done(int resultat) {
+    // L'image des montants est refaite en quittant l'écran.
+    session().FormatMontant =
+        ConstruireFormatMontant(session().Decimales, session().SymboleMonnaie);
+    ui::EcranModal::done(resultat);
+}
+
+std::int16_t SaisQuad::LireSigneLigne(double wNumEcrt) {
+    table::Saisie r;
+    acces::LireLigne("wSaisie", "wNumEcrt=?", r, wNumEcrt);
+    return static_cast<std::int16_t>(r.wSigne.trimmed().toInt());
+}
+
+void SaisQuad::AffCompteSelect(const QString& numero) {
+    table::Compte c;
+    LireCompte(CleCourante(), numero.trimmed(), c);
+    ui->Label14->setText(numero.trimmed() + QLatin1Char(' ') + c.LibCpt.trimmed() +
+                         QStringLiteral("   Solde :") +
+                         FormaterMontant(c.Solde, session().FormatMontant));
+    ui->Command5->setText(QStringLiteral("Détail cpte ") + numero.trimmed());
+    CompteChoisi() = numero.trimmed();
+}
+
+void SaisQuad::OuvrirMontant(ui::Grille* liste) {
+    const int ligne = liste->LigneCourante();
+    if (ligne < 0) return;
+    ui->Command1->setEnabled(false);
+    liste->EditerCellule(ligne, 2);
+}
+
+bool SaisQuad::Valider(ui::Grille* liste, int ligne, int colonne, QString& texte) {
+    texte = SansEspaces(texte);
+    if (colonne != 2) return true;
+    if (texte.isEmpty()) {
+        ui::Boite(QStringLiteral("Entrez un montant SVP."), kTitre);
+        return false;
+    }
+    texte.replace(QLatin1Char('.'), QLatin1Char(','));
+    if (!MontantConforme(texte)) {
+        ui::Boite(QStringLiteral("Votre saisie n'est pas conforme, Recommencez"), kTitre,
+                  ui::Icone::Exclamation);
+        texte = FormaterMontant(Montant(), session().FormatMontant);
+        return true;
+    }
+    Montant m = MontantDepuisTexte(texte);
+    const double wNumEcrt = liste->DonneeLigne(ligne).toDouble();
+    const std::int16_t signe = LireSigneLigne(wNumEcrt);
+    if (m < Montant() && signe == 1) {
+        m = -m;
+        ui::Boite(QStringLiteral("Ce montant devait être positif !\n\nIl va être rectifié par "
+                                 "le logiciel."),
+                  kTitre, ui::Icone::Exclamation);
+    } else if (m > Montant() && signe == 2) {
+        m = -m;
+        ui::Boite(QStringLiteral("Ce montant devait être négatif !\n\nIl va être rectifié par "
+                                 "le logiciel."),
+                  kTitre, ui::Icone::Exclamation);
+    }
+    texte = FormaterMontant(m, session().FormatMontant);
+    MajwSaisieLog(FormatFixe(m), liste->Texte(ligne, 0).left(8), wNumEcrt);
+    // L'Entrée qui ferme la cellule ne doit pas la rouvrir.
+    EditionFaite = true;
+    QTimer::singleShot(0, this, [this] { EditionFaite = false; });
+    return true;
+}
+
+void SaisQuad::MajwSaisieLog(const QString& montant, const QString& numero, double wNumEcrt) {
+    table::Saisie r;
+    if (acces::LireLigne("wSaisie", "wNumEcrt=? AND wNumCpt=?", r, wNumEcrt, numero.trimmed())) {
+        r.wDateEcr = DateVersBase(session().DateSaisieCourante);
+        r.wDatePiece = DateVersBase(ui::TexteDate(ui->Text1));
+        const QString echeance = ui::TexteDate(ui->Text3);
+        r.wDateEcheance = DateMasqueVersBase(echeance);
+        r.wMntEcr = MontantDepuisTexte(montant);
+        const QString code = r.wErEcr.trimmed();
+        const bool positif = r.wMntEcr > Montant();
+        if (code == QLatin1String("E1") || code == QLatin1String("E2"))
+            r.wDCEcr = positif ? QStringLiteral("D") : QStringLiteral("C");
+        else if (code == QLatin1String("R1") || code == QLatin1String("R2"))
+            r.wDCEcr = positif ? QStringLiteral("C") : QStringLiteral("D");
+        r.wFin = false;
+        r.wMoisEcheance = echeance.mid(3, 2);
+        r.wLettrage = false;
+        r.wSectionEcr = 0;
+        r.wVentilEcr = 0;
+        acces::MajLigne("wSaisie", "wNumEcrt=? AND wNumCpt=?", r, wNumEcrt, numero.trimmed());
+    }
+    bool allNul = true;
+    Montant gauche, droite;
+    auto& q = Requete("SELECT wErEcr, wMntEcr FROM wSaisie");
+    while (q.executeStep()) {
+        const QString code = QString::fromUtf8(q.getColumn(0).getText()).trimmed();
+        const Montant m = Montant::depuisDixMilliemes(q.getColumn(1).getInt64());
+        if (m != Montant()) allNul = false;
+        if (code == QLatin1String("E1") || code == QLatin1String("E2")) gauche = gauche + m;
+        if (code == QLatin1String("R1") || code == QLatin1String("R2")) droite = droite + m;
+    }
+    q.reset();
+    ui->Label12->setText(FormaterMontant(gauche, session().FormatMontant));
+    ui->Label13->setText(FormaterMontant(droite, session().FormatMontant));
+    ui->Command1->setEnabled(gauche == droite && !allNul);
+}
+
+void SaisQuad::Command1_Click() {
+    if (!ControlerEquilibre()) return;
+    if (ui->Text2->text().isEmpty()) {
+        ui::Boite(QStringLiteral("Vous DEVEZ saisir un libellé."), kTitre, ui::Icone::Exclamation);
+        return;
+    }
+    const QString echeance = ui::TexteDate(ui->Text3);
+    if (ui->Text3->isVisible() && echeance != ui::DateVide()) {
+        const QString ech = DateMasqueVersBase(echeance);
+        const QDate saisie = QDate::fromString(session().DateSaisieCourante, "dd/MM/yyyy");
+        const QString debut = DateVersBase(session().DateSaisieCourante);
+        const QString fin = saisie.addMonths(3).toString(QStringLiteral("yyyyMMdd"));
+        if (ech < debut || ech > fin) {
+            if (ui::Boite(QStringLiteral("Etes-vous certain de votre date d'échéance ?"),
+                          QStringLiteral("Confirmation"), ui::Icone::Question,
+                          ui::Boutons::OuiNon) == ui::Reponse::Non) {
+                ui->Text3->setFocus();
+                return;
+            }
+        }
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    // Valeur liée : le libellé est rangé tel qu'il est tapé, guillemets compris.
+    auto& q = Requete("UPDATE wSaisie SET wLibEcr=?");
+    q.bind(1, TexteRange(ui->Text2->text().trimmed(), 40).toStdString());
+    q.exec();
+    PasserEcriture(ui->Label1->text(), QStringLiteral("E"));
+    QApplication::restoreOverrideCursor();
+    EcriturePassee() = true;
+    done(CodeOK);
+}
+
+void SaisQuad::Command2_Click() {
+    EcriturePassee() = false;
+    Retour();
+}
+
+void SaisQuad::Command3_Click() {
+    ui::AfficherAide(11);
+}
+
+void SaisQuad::Command4_Click() {
+    Quitter();
+}
+
+void SaisQuad::Command5_Click() {
+    if (CompteChoisi().toInt() == 0) {
+        ui::Boite(QStringLiteral("Aucun compte n'est sélectionné !"), kTitre,
+                  ui::Icone::Information);
+        return;
+    }
+    DetailCp e(this);
+    e.exec();
+}
+
+void SaisQuad::Text1_LostFocus() {
+    if (!DateValide(ui::TexteDate(ui->Text1))) {
+        ui::Boite(QStringLiteral("La date a été mal saisie."), kTitre, ui::Icone::Exclamation);
+        ui->Text1->setFocus();
+    }
+}
+
+void SaisQuad::Text2_LostFocus() {
+    if (ui->Text2->text().isEmpty())
+        ui::Boite(QStringLiteral("Le libellé est OBLIGATOIRE"), kTitre, ui::Icone::Exclamation);
+}
+
+void SaisQuad::Text3_LostFocus() {
+    const QString texte = ui::TexteDate(ui->Text3);
+    if (texte != ui::DateVide() && !DateValide(texte)) {
+        ui::Boite(QStringLiteral("La date a été mal saisie."), kTitre, ui::Icone::Exclamation);
+        ui->Text3->setFocus();
+    }
+}
+
+bool SaisQuad::eventFilter(QObject* objet, QEvent* evenement) {
+    if (evenement->type() == QEvent::FocusOut) {
+        // Passer à une autre fenêtre (une boîte, l'écran du dessous) n'est pas quitter le champ.
+        const auto raison = static_cast<QFocusEvent*>(evenement)->reason();
+        if (raison != Qt::ActiveWindowFocusReason && raison != Qt::PopupFocusReason &&
+            isVisible()) {
+            if (objet == ui->Text1) QTimer::singleShot(0, this, &SaisQuad::Text1_LostFocus);
+            if (objet == ui->Text2) QTimer::singleShot(0, this, &SaisQuad::Text2_LostFocus);
+            if (objet == ui->Text3) QTimer::singleShot(0, this, &SaisQuad::Text3_LostFocus);
+        }
+    } else if (evenement->type() == QEvent::KeyPress) {
+        const int cle = static_cast<QKeyEvent*>(evenement)->key();
+        if (cle == Qt::Key_Return || cle == Qt::Key_Enter || cle == Qt::Key_Down ||
+            cle == Qt::Key_Up) {
+            ToucheChamp(objet, cle);
+            return true;
+        }
+    }
+    return ui::EcranModal::eventFilter(objet, evenement);
+}
+
+void SaisQuad::ToucheChamp(QObject* champ, int cle) {
+    const bool haut = cle == Qt::Key_Up;
+    if (champ == ui->Text1) {
+        if (haut)
+            ui->Command3->setFocus();
+        else
+            ui->Text2->setFocus();
+    } else if (champ == ui->Text2) {
+        if (haut)
+            ui->Text1->setFocus();
+        else if (ui->Text3->isVisible())
+            ui->Text3->setFocus();
+        else
+            AllerAListe(0, false);
+    } else if (champ == ui->Text3) {
+        if (haut)
+            ui->Text2->setFocus();
+        else
+            AllerAListe(0, false);
+    }
+}
+
+void SaisQuad::AllerAListe(int rang, bool parLeBas) {
+    ui::Grille* g = Liste(rang);
+    g->setFocus();
+    if (g->NombreLignes() > 0 && g->LigneCourante() < 0)
+        g->FixerLigneCourante(parLeBas ? g->NombreLignes() - 1 : 0);
+}
+
+void SaisQuad::ToucheListe(int rang, int cle) {
+    ui::Grille* g = Liste(rang);
+    if (cle == Qt::Key_Return || cle == Qt::Key_Enter) {
+        // L'Entrée qui ferme une cellule arrive à la liste : elle ne la rouvre pas.
+        if (g->EditionOuverte()) return;
+        if (EditionFaite) {
+            EditionFaite = false;
+            return;
+        }
+        OuvrirMontant(g);
+        return;
+    }
+    const int ligne = g->LigneCourante();
+    if (cle == Qt::Key_Up && ligne <= 0) {
+        if (rang > 0)
+            QTimer::singleShot(0, this, [this, rang] { AllerAListe(rang - 1, true); });
+        else if (ui->Text3->isVisible())
+            ui->Text3->setFocus();
+        else
+            ui->Text2->setFocus();
+    } else if (cle == Qt::Key_Down && ligne >= g->NombreLignes() - 1) {
+        if (rang < 3)
+            QTimer::singleShot(0, this, [this, rang] { AllerAListe(rang + 1, false); });
+        else if (ui->Command1->isEnabled())
+            ui->Command1->setFocus();
+        else
+            ui->Command2->setFocus();
+    }
+}
+
+} // namespace ecran
