@@ -1,0 +1,48 @@
+#pragma once
+// Le journal des écritures de l'exercice, tel que l'annulation et la modification de
+// libellé le montrent : les lignes les plus récentes d'abord, une ligne vide entre deux
+// groupes, et la recherche du groupe d'une ligne cliquée par les marques de fin.
+
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+
+class QProgressBar;
+class QWidget;
+
+namespace ui {
+class Grille;
+}
+
+namespace table {
+struct Ecriture;
+}
+
+// Donnée de ligne du séparateur entre deux groupes.
+inline constexpr std::int32_t LigneSeparatrice = -1;
+
+// "Numéro", "Date Saisie", "Date Pièce", "Libellé", "Compte", "Débit", "Crédit", puis la
+// colonne cachée du journal.
+QStringList TitresJournalEcritures();
+// Colonnes et largeurs des deux listes d'un écran de journal.
+void PreparerListesJournal(ui::Grille* tree1, ui::Grille* tree2);
+
+// Remplit tree1 avec le journal ("*" pour tous), vide tree2, montre la progression dans
+// gauge1 et laisse l'écran répondre pendant la lecture.
+void AffJournal(QWidget* ecran, ui::Grille* tree1, ui::Grille* tree2, QProgressBar* gauge1,
+                const QString& journal);
+
+// Marque de fin de la ligne ; 0 (début du journal) et un numéro absent rendent vrai.
+bool FinEcr(std::int32_t numero);
+
+// Groupe de la ligne p : premier et dernier numéro. Faux, après la boîte, pour le séparateur.
+bool TrouverGroupe(std::int32_t p, std::int32_t& debut, std::int32_t& fin);
+
+// Lignes debut à fin de l'exercice dans tree2 (vidé d'abord).
+void AffGroupe(ui::Grille* tree2, std::int32_t debut, std::int32_t fin);
+
+// Textes d'une ligne du journal : dates à l'écran, montant dans sa colonne.
+QStringList TextesLigneJournal(const QString& numero, const QString& dateEcr,
+                               const QString& datePiece, const QString& libelle,
+                               const QString& compte, const QString& montantAffiche, bool debit,
+                               const QString& journal);

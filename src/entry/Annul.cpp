@@ -1,0 +1,159 @@
+#include "entry/Annul.h"
+
+#include "entry/AffJournal.h"
+#include "posting/PasserEcriture.h"
+#include "session/Montant.h"
+#include "session/Session.h"
+#include "session/Texte.h"
+#include "store/Base.h"
+#include "store/Routines.h"
+#include "ui/Boite.h"
+#include "ui/Grille.h"
+#include "ui_Annul.h"
+
+#include <QApplication>
+#include <QShowEvent>
+
+namespace ecran {
+
+namespace {
+
+void ViderSaisie() {
+    Base().exec("DELETE FROM wSaisie");
+}
+
+// La ligne contre-passée : mêmes compte, journal et sections, montant et sens inversés.
+table::Saisie LigneInverse(const table::Ecriture& e, const table::Compte& c, std::int32_t numero,
+                           const QString& libelle) {
+    table::Saisie s;
+    s.wNumEcrt = numero;
+    s.wDateEcr = DateVersBase(session().DateSaisieCourante);
+    s.wNumCpt = e.NumCptEcr;
+    s.wErEcr = e.ErEcr;
+    s.wBilan = c.Bilan;
+    s.wMenu = c.Menu;
+    s.wDatePiece = e.DatePiece;
+    s.wLibEcr = libelle;
+    s.wDateEcheance = e.DateEcheance;
+    s.wMntEcr = -e.MntEcr;
+    s.wDCEcr = e.DCEcr.trimmed() == QLatin1String("D") ? QStringLiteral("C") : QStringLiteral("D");
+    s.wFin = e.Fin;
+    s.wMoisEcheance = e.MoisEcheance;
+    s.wSectionEcr = e.SectionEcr;
+    s.wVentilEcr = e.VentilEcr ? 1 : 0;
+    s.wJournal = e.Journal;
+    return s;
+}
+
+} // namespace
+
+Annul::Annul(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Annul>()) {
+    ui->setupUi(this);
+    PreparerListesJournal(ui->Tree1, ui->Tree2);
+    connect(ui->Tree1, &QTreeWidget::itemClicked, this, &Annul::Tree1_Click);
+    connect(ui->Command1, &QPushButton::clicked, this, &Annul::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &Annul::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &Annul::Command3_Click);
+    ui->Command2->hide();
+    ui->Label2->hide();
+    ui->Gauge1->hide();
+}
+
+Annul::~Annul() = default;
+
+void Annul::showEvent(QShowEvent* evenement) {
+    ui::EcranModal::showEvent(evenement);
+    if (activee || evenement->spontaneous()) return;
+    activee = true;
+    // Après l'affichage : la jauge se voit pendant la lecture du journal.
+    QMetaObject::invokeMethod(this, &Annul::Form_Activate, Qt::QueuedConnection);
+}
+
+void Annul::Form_Activate() {
+    FiltreJournal = QStringLiteral("*");
+    ui->Command2->hide();
+    ui->Label2->hide();
+    AffJournal(FiltreJournal);
+}
+
+void Annul::AffJournal(const QString& journal) {
+    ::AffJournal(this, ui->Tree1, ui->Tree2, ui->Gauge1, journal);
+}
+
+bool Annul::FinEcr(std::int32_t numero) {
+    return ::FinEcr(numero);
+}
+
+void Annul::Tree1_Click(QTreeWidgetItem* element) {
+    ui->Command2->hide();
+    ui->Label2->hide();
+    if (!element) return;
+    if (!TrouverGroupe(element->data(0, Qt::UserRole).toInt(), NumDebutGroupe, NumFinGroupe))
+        return;
+    AffGroupe(ui->Tree2, NumDebutGroupe, NumFinGroupe);
+}
+
+void Annul::Command3_Click() {
+    if (ui->Tree2->NombreLignes() == 0) {
+        ui::Boite(QStringLiteral("Sélectionnez d'abord un groupe d'écritures"),
+                  QStringLiteral("Maroval"), ui::Icone::Exclamation);
+        return;
+    }
+    ViderSaisie();
+    const QString cle = CleCourante();
+    table::Constante k;
+    LireConstante(cle, k);
+    NumProchain = static_cast<std::int32_t>(k.LastNumEcrit);
+    const QString libelle =
+        QStringLiteral("Annul écritures %1 à %2").arg(NumDebutGroupe).arg(NumFinGroupe);
+    for (std::int32_t i = NumDebutGroupe; i <= NumFinGroupe; ++i) {
+        table::Ecriture e;
+        if (!LireEcriture(cle, i, e)) continue;
+        table::Compte c;
+        LireCompte(cle, e.NumCptEcr.trimmed(), c);
+        ++NumProchain;
+        table::Saisie s = LigneInverse(e, c, NumProchain, libelle);
+        AjouterSaisie(s);
+    }
+    NumProchain = static_cast<std::int32_t>(k.LastNumEcrit) + 1;
+
+    // Ce qui sera passé, lu dans wSaisie : le montant dans la colonne de son sens réel.
+    ui->Tree2->Vider();
+    SQLite::Statement q(Base(), "SELECT wNumEcrt, wDateEcr, wDatePiece, wLibEcr, wNumCpt, "
+                                "wErEcr, wMntEcr, wJournal FROM wSaisie ORDER BY rowid");
+    while (q.executeStep()) {
+        const QString er = QString::fromUtf8(q.getColumn(5).getText()).trimmed();
+        const Montant m = Montant::depuisDixMilliemes(q.getColumn(6).getInt64());
+        const bool positif = m > Montant();
+        const bool debit = er.startsWith(u'E') ? positif : !positif;
+        ui->Tree2->AjouterLigne(
+            TextesLigneJournal(QString::number(q.getColumn(0).getInt64()),
+                               QString::fromUtf8(q.getColumn(1).getText()),
+                               QString::fromUtf8(q.getColumn(2).getText()),
+                               QString::fromUtf8(q.getColumn(3).getText()),
+                               QString::fromUtf8(q.getColumn(4).getText()),
+                               FormaterMontant(m.abs(), session().FormatMontant), debit,
+                               QString::fromUtf8(q.getColumn(7).getText())),
+            q.getColumn(0).getInt());
+    }
+    ui->Label2->show();
+    ui->Command2->show();
+}
+
+void Annul::Command2_Click() {
+    setCursor(Qt::WaitCursor);
+    PasserEcriture(QString::number(NumProchain), session().MonnaieExercice);
+    ViderSaisie();
+    unsetCursor();
+    ui->Command2->hide();
+    ui->Label2->hide();
+    Form_Activate();
+}
+
+void Annul::Command1_Click() {
+    ViderSaisie();
+    Retour();
+    QApplication::processEvents();
+}
+
+} // namespace ecran

@@ -1,0 +1,61 @@
+#pragma once
+// Livres d'essai pour les écrans qui partent du journal (annulation, libellé) : trois
+// groupes passés par le moteur, et l'écran montré avec son journal rempli.
+
+#include "../posting/LivresEssai.h"
+#include "support/DossierEssai.h"
+#include "support/GestesGrille.h"
+
+#include "ui/Boite.h"
+#include "ui/Grille.h"
+
+#include <QTest>
+
+namespace essai {
+
+// Vente 1 à 3, groupe de cinq lignes 4 à 8 sur le journal des opérations diverses,
+// vente 9 à 11.
+inline void TroisGroupes() {
+    Vente(Euros(100), Euros(20));
+    ViderSaisie();
+    Saisir(QStringLiteral("411001"), QStringLiteral("D"), Euros(1200), QStringLiteral("D"));
+    Saisir(QStringLiteral("512"), QStringLiteral("D"), Euros(300), QStringLiteral("D"));
+    Saisir(QStringLiteral("707"), QStringLiteral("C"), Euros(1000), QStringLiteral("D"));
+    Saisir(QStringLiteral("44571"), QStringLiteral("C"), Euros(200), QStringLiteral("D"));
+    Saisir(QStringLiteral("626"), QStringLiteral("C"), Euros(300), QStringLiteral("D"));
+    Passer();
+    Vente(Euros(200), Euros(40));
+}
+
+// Ligne de Tree1 qui montre ce numéro.
+inline int LigneDuNumero(ui::Grille* g, int numero) {
+    return g->ChercherTexte(0, QString::number(numero));
+}
+
+// Clic sur la ligne du numéro (ou sur la ligne donnée si numero < 0).
+inline void CliquerNumero(ui::Grille* g, int numero) {
+    const int ligne = LigneDuNumero(g, numero);
+    QVERIFY2(ligne >= 0, qPrintable(QStringLiteral("ligne %1 absente").arg(numero)));
+    g->scrollToItem(g->topLevelItem(ligne));
+    QVERIFY(support::CliquerCellule(g, ligne, 0));
+}
+
+inline QList<int> Numeros(ui::Grille* g) {
+    QList<int> n;
+    for (int l = 0; l < g->NombreLignes(); ++l)
+        n << g->DonneeLigne(l).toInt();
+    return n;
+}
+
+inline QString DerniereBoite() {
+    const auto& j = ui::JournalBoites();
+    return j.isEmpty() ? QString() : j.last().texte;
+}
+
+inline table::Ecriture LigneLue(int numero) {
+    table::Ecriture e;
+    LireEcriture(Cle, numero, e);
+    return e;
+}
+
+} // namespace essai
