@@ -3,6 +3,7 @@
 // lignes chargées dans une base neuve, numéro cherché à la création d'un compte, copie
 // d'un plan type et comptes qu'une case de menu propose.
 
+#include "chart/Filtre.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "support/DossierEssai.h"
@@ -34,19 +35,6 @@ inline QString Colonne(SQLite::Statement& q, int i) {
     return QString::fromUtf8(q.getColumn(i).getText()).trimmed();
 }
 
-// Numéro cherché dans filtre à la création d'un compte : sa valeur numérique (chiffres de
-// tête), complétée si elle a moins de trois chiffres par des zéros jusqu'à trois puis un
-// de plus (41 -> 4100, 40DUPONT -> 4000).
-inline QString CleFiltre(const QString& numero) {
-    const QString t = numero.trimmed();
-    qsizetype n = 0;
-    while (n < t.size() && t[n] >= QLatin1Char('0') && t[n] <= QLatin1Char('9'))
-        ++n;
-    QString v = QString::number(t.left(n).toLongLong());
-    if (v.size() < 3) v = v.leftJustified(3, QLatin1Char('0')) + QLatin1Char('0');
-    return v;
-}
-
 struct Plage {
     QString inf, sup, message, ercpt, bilan;
     bool tiers = false;
@@ -66,7 +54,7 @@ inline QList<Plage> Plages() {
 
 // Plage trouvée pour un numéro à la création d'un compte.
 inline table::Filtre FiltreDuCompte(const QString& numero) {
-    table::Filtre f = LireFiltre(CleFiltre(numero));
+    table::Filtre f = LireFiltre(::CleFiltre(numero));
     f.ERCPT = f.ERCPT.trimmed();
     f.Bilan = f.Bilan.trimmed();
     f.Menu = f.Menu.trimmed();
@@ -118,22 +106,10 @@ inline bool ToutLePlan(const table::Tableau& t) {
     return t.tTaille == 1 && t.tMenuAutorise.left(3).toInt() == 999;
 }
 
-// Crée le compte comme la création d'un compte du plan le fait : codes de la plage filtre
-// du numéro. Sans effet si le compte existe déjà.
+// Crée le compte comme la création d'un compte du plan le fait (codes de la plage filtre
+// du numéro, ligne de budget des charges et produits). Sans effet si le compte existe déjà.
 inline void CreerCompte(const QString& numero, const QString& libelle) {
-    table::Compte existant;
-    if (LireCompte(CleEssai, numero, existant)) return;
-    const table::Filtre f = FiltreDuCompte(numero);
-    table::Compte c;
-    c.CleCpt = CleEssai;
-    c.NumCpt = numero;
-    c.LibCpt = libelle;
-    c.ErCpt = f.ERCPT;
-    c.Bilan = f.Bilan;
-    c.Tiers = f.Tiers;
-    c.Menu = static_cast<table::Entier>(f.Menu.toInt());
-    c.Fisc = numero.left(2);
-    AjouterCompte(c);
+    AssurerCompte(CleEssai, numero, libelle, QString(), QString());
 }
 
 // Copie de la totalité d'un plan type, puis les quatre comptes faits en quittant le plan.
@@ -141,6 +117,7 @@ inline int CopierPlan(const QString& numPlan) {
     // Une transaction pour la vitesse des tests : le résultat est celui des écritures une à une.
     SQLite::Transaction t(Base());
     Base().exec("DELETE FROM Compte");
+    Base().exec("DELETE FROM Budget");
     SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt FROM PlanType WHERE NumPlan = ?");
     q.bind(1, numPlan.toStdString());
     int n = 0;

@@ -1,0 +1,6 @@
+#include "chart/CompteChoisi.h"
+
+QString& CompteChoisi() {
+    static QString compte;
+    return compte;
+}

@@ -1,0 +1,72 @@
+#include "chart/ModifLibCpt.h"
+
+#include "chart/CompteChoisi.h"
+#include "session/Session.h"
+#include "store/Base.h"
+#include "store/Routines.h"
+#include "ui/Boite.h"
+#include "ui/Grille.h"
+#include "ui_ModifLibCpt.h"
+
+namespace ecran {
+
+ModifLibCpt::ModifLibCpt(QWidget* parent)
+    : ui::EcranModal(parent), ui(std::make_unique<Ui::ModifLibCpt>()) {
+    ui->setupUi(this);
+    connect(ui->Command1, &QPushButton::clicked, this, &ModifLibCpt::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &ModifLibCpt::Command2_Click);
+    Form_Load();
+}
+
+ModifLibCpt::~ModifLibCpt() = default;
+
+void ModifLibCpt::Form_Load() {
+    plan =
+        parentWidget() ? parentWidget()->findChild<ui::Grille*>(QStringLiteral("Tree3")) : nullptr;
+    ligne = plan ? plan->LigneCourante() : -1;
+    if (ligne >= 0) {
+        ui->Label1->setText(plan->Texte(ligne, 0).trimmed());
+        ui->EDlibelle->setText(plan->Texte(ligne, 1).trimmed());
+        return;
+    }
+    // Ouvert hors du plan : le compte choisi et son libellé rangé.
+    table::Compte c;
+    ui->Label1->setText(CompteChoisi().trimmed());
+    if (LireCompte(CleCourante(), CompteChoisi().trimmed(), c))
+        ui->EDlibelle->setText(c.LibCpt.trimmed());
+}
+
+void ModifLibCpt::Command1_Click() {
+    const QString libelle = ui->EDlibelle->text();
+    if (libelle.trimmed().isEmpty()) {
+        ui::Boite(QStringLiteral("La saisie d'un libellé est OBLIGATOIRE !"),
+                  QStringLiteral("Maroval"), ui::Icone::Exclamation);
+        ui->EDlibelle->setFocus();
+        return;
+    }
+    const QString cle = CleCourante();
+    const QString numero = ui->Label1->text();
+    table::Compte c;
+    if (LireCompte(cle, numero, c)) {
+        c.LibCpt = TexteLu(libelle, 40);
+        MajCompte(cle, numero, c);
+    }
+    if (plan && ligne >= 0 && ligne < plan->NombreLignes())
+        plan->FixerTexte(ligne, 1, TexteRange(libelle, 40));
+    if (numero >= QLatin1String("600") && numero != QLatin1String("799") &&
+        numero != QLatin1String("699")) {
+        // Valeur liée : apostrophes et guillemets gardés tels que tapés.
+        SQLite::Statement q(Base(), "UPDATE Budget SET LibBud=? WHERE CleCpt=? AND NumBud=?");
+        q.bind(1, TexteRange(libelle, 40).toStdString());
+        q.bind(2, cle.toStdString());
+        q.bind(3, numero.toStdString());
+        q.exec();
+    }
+    Retour();
+}
+
+void ModifLibCpt::Command2_Click() {
+    Retour();
+}
+
+} // namespace ecran
