@@ -119,6 +119,9 @@ void ChoixCpt::Form_Activate() {
     Base().exec("DELETE FROM wSaisie WHERE (wNumCpt='677' OR wNumCpt='777' OR wNumCpt='107')");
     Base().exec("UPDATE wSaisie SET wMntEcr=0 WHERE wMntEcr<>0");
     RemplirTree2();
+    // La suite se fait au clavier : la liste des comptes de la case prend la main.
+    ui->Tree1->setFocus();
+    if (ui->Tree1->NombreLignes() > 0) ui->Tree1->FixerLigneCourante(0);
 }
 
 void ChoixCpt::ChoisirOption(int slot) {
