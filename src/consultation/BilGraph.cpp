@@ -76,7 +76,8 @@ void BilGraph::Empiler(const QList<Part>& pile, double total) {
         if (p.etiquette) {
             const double hautEtiquette = haut + hauteur / 2;
             p.etiquette->setProperty("Haut", hautEtiquette);
-            p.etiquette->move(p.etiquette->x(),
+            // L'étiquette se place à droite de sa jauge, de quelque côté que soit la jauge.
+            p.etiquette->move(p.jauge->x() + p.jauge->width() + 10,
                               qRound(hautEtiquette * Echelle) - p.etiquette->height() / 2);
         }
         haut += hauteur;
