@@ -219,4 +219,27 @@ private:
     QTimer minuterie;
 };
 
+// Le cadre commun des essais d'écrans : dossier neuf, exercice ouvert, garde des boîtes ; à
+// la fin, aucune boîte venue sans réponse et aucune réponse laissée.
+struct CadreEssai {
+    std::unique_ptr<support::DossierEssai> dossier;
+    std::unique_ptr<GardeBoites> garde;
+
+    void Ouvrir() {
+        dossier = std::make_unique<support::DossierEssai>();
+        OuvrirExercice(*dossier);
+        garde = std::make_unique<GardeBoites>();
+    }
+    // Les écrans de l'essai sont déjà détruits.
+    void Fermer() {
+        const QStringList inattendues = garde ? garde->inattendues : QStringList();
+        const int reponses = ui::ReponsesEnAttente();
+        garde.reset();
+        FermerBase();
+        dossier.reset();
+        QVERIFY2(inattendues.isEmpty(), qPrintable(inattendues.join(QStringLiteral(" | "))));
+        QCOMPARE(reponses, 0);
+    }
+};
+
 } // namespace essai

@@ -31,8 +31,7 @@ QString LibBud(const QString& numero) {
 
 class TestModifLibCpt : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<GardeBoites> garde;
+    CadreEssai cadre;
     std::unique_ptr<ecran::Plan2> plan;
 
     // Le plan montré, la ligne du compte courante, puis "Modifier" : l'action agit sur
@@ -57,22 +56,16 @@ class TestModifLibCpt : public QObject {
 
 private slots:
     void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
+        cadre.Ouvrir();
         AssurerComptesFixes(Cle);
         Compte("607", "Achats");
         Compte("512", "Banque");
-        garde = std::make_unique<GardeBoites>();
         plan = std::make_unique<ecran::Plan2>();
         plan->show();
     }
     void cleanup() {
-        QVERIFY2(garde->inattendues.isEmpty(), qPrintable(garde->inattendues.join(" | ")));
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
         plan.reset();
-        garde.reset();
-        FermerBase();
-        dossier.reset();
+        cadre.Fermer();
     }
 
     void ouverture_numeroEtLibelleDeLaLigne() {

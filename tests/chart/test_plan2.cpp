@@ -61,8 +61,7 @@ QString Ini(const support::DossierEssai& d, const QString& cle) {
 
 class TestPlan2 : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<GardeBoites> garde;
+    CadreEssai cadre;
 
     std::unique_ptr<ecran::Plan2> Montrer() { return MontrerEcran<ecran::Plan2>(); }
     template <class T> static T* W(QWidget* e, const char* nom) {
@@ -83,18 +82,10 @@ class TestPlan2 : public QObject {
     }
 
 private slots:
-    void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
-        garde = std::make_unique<GardeBoites>();
-    }
+    void init() { cadre.Ouvrir(); }
     void cleanup() {
-        QVERIFY2(garde->inattendues.isEmpty(), qPrintable(garde->inattendues.join(" | ")));
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
-        garde.reset();
         ui::PileModale::FermerTout();
-        FermerBase();
-        dossier.reset();
+        cadre.Fermer();
     }
 
     void ouverture_controlesEtListeDesPlans() {
@@ -127,7 +118,8 @@ private slots:
     }
 
     void ouverture_planRetenuDeLaSocieteChoisi() {
-        FichierProfil(dossier->Fichier("maroval.ini")).Ecrire("Plans Types", "PlanChoisi1", "0003");
+        FichierProfil(cadre.dossier->Fichier("maroval.ini"))
+            .Ecrire("Plans Types", "PlanChoisi1", "0003");
         auto e = Montrer();
         auto* l1 = W<QListWidget>(e.get(), "List1");
         QCOMPARE(l1->currentRow(), 2);
@@ -318,7 +310,7 @@ private slots:
         W<QListWidget>(e.get(), "List2")->item(1)->setSelected(true);
         support::CliquerBouton(e.get(), "Command2");
         support::CliquerBouton(e.get(), "Command4");
-        QCOMPARE(Ini(*dossier, "PlanChoisi1"), QStringLiteral("0004"));
+        QCOMPARE(Ini(*cadre.dossier, "PlanChoisi1"), QStringLiteral("0004"));
         QCOMPARE(LireCpt("400").LibCpt.trimmed(), QStringLiteral("Fournisseurs collectif"));
         QCOMPARE(LireCpt("410").LibCpt.trimmed(), QStringLiteral("Clients collectif"));
         QCOMPARE(LireCpt("699").LibCpt.trimmed(), QStringLiteral("Compte pour résultat positif"));
@@ -335,14 +327,14 @@ private slots:
         support::CliquerBouton(e.get(), "Command4");
         QCOMPARE(Compter("SELECT COUNT(*) FROM Compte"), 1);
         // Plan choisi et liste non vide : retenu quand même.
-        QCOMPARE(Ini(*dossier, "PlanChoisi1"), QStringLiteral("0001"));
+        QCOMPARE(Ini(*cadre.dossier, "PlanChoisi1"), QStringLiteral("0001"));
     }
 
     void quitter_listeVideNeRetientPasLePlan() {
         auto e = Montrer();
         ChoisirPlan(e.get(), 2);
         support::CliquerBouton(e.get(), "Command4");
-        QCOMPARE(Ini(*dossier, "PlanChoisi1"), QStringLiteral("<absent>"));
+        QCOMPARE(Ini(*cadre.dossier, "PlanChoisi1"), QStringLiteral("<absent>"));
         QCOMPARE(Compter("SELECT COUNT(*) FROM Compte"), 0);
     }
 

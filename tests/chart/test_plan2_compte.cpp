@@ -32,8 +32,7 @@ const QString HorsPlan =
 
 class TestPlan2Compte : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<GardeBoites> garde;
+    CadreEssai cadre;
     std::unique_ptr<ecran::Plan2> e;
 
     template <class T> T* W(const char* nom) { return e->findChild<T*>(QString::fromLatin1(nom)); }
@@ -74,18 +73,12 @@ class TestPlan2Compte : public QObject {
 
 private slots:
     void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
-        garde = std::make_unique<GardeBoites>();
+        cadre.Ouvrir();
         Ouvrir();
     }
     void cleanup() {
-        QVERIFY2(garde->inattendues.isEmpty(), qPrintable(garde->inattendues.join(" | ")));
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
         e.reset();
-        garde.reset();
-        FermerBase();
-        dossier.reset();
+        cadre.Fermer();
     }
 
     void ajouter_compteGeneral() {

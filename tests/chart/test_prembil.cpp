@@ -32,8 +32,7 @@ const QString Negatif =
 
 class TestPrembil : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<GardeBoites> garde;
+    CadreEssai cadre;
     std::unique_ptr<ecran::Prembil> e;
 
     template <class T> T* W(const char* nom) { return e->findChild<T*>(QString::fromLatin1(nom)); }
@@ -56,8 +55,7 @@ class TestPrembil : public QObject {
 
 private slots:
     void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
+        cadre.Ouvrir();
         for (auto [n, l] : QList<QPair<const char*, const char*>>{{"101", "Capital"},
                                                                   {"119", "Report débiteur"},
                                                                   {"164", "Emprunt"},
@@ -69,15 +67,10 @@ private slots:
                                                                   {"512", "Banque"},
                                                                   {"707", "Ventes"}})
             Compte(QString::fromUtf8(n), QString::fromUtf8(l));
-        garde = std::make_unique<GardeBoites>();
     }
     void cleanup() {
-        QVERIFY2(garde->inattendues.isEmpty(), qPrintable(garde->inattendues.join(" | ")));
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
         e.reset();
-        garde.reset();
-        FermerBase();
-        dossier.reset();
+        cadre.Fermer();
     }
 
     void ouverture_deuxCotesSansLesCollectifs() {

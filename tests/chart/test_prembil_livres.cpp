@@ -24,8 +24,7 @@ using ui::Reponse;
 
 class TestPrembilLivres : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<GardeBoites> garde;
+    CadreEssai cadre;
 
     static void NouveauTiers(QWidget* plan, const char* option, const QString& nom,
                              const QString& libelle) {
@@ -44,18 +43,8 @@ class TestPrembilLivres : public QObject {
     }
 
 private slots:
-    void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
-        garde = std::make_unique<GardeBoites>();
-    }
-    void cleanup() {
-        QVERIFY2(garde->inattendues.isEmpty(), qPrintable(garde->inattendues.join(" | ")));
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
-        garde.reset();
-        FermerBase();
-        dossier.reset();
-    }
+    void init() { cadre.Ouvrir(); }
+    void cleanup() { cadre.Fermer(); }
 
     void ouvertureEnCoursDeVie_livresVerifies() {
         // Le plan : le plan standard du commerce, un client, un fournisseur.
@@ -133,7 +122,7 @@ private slots:
                "A");
         QCOMPARE(LireCpt("410").Solde, Euros(1200));
         QCOMPARE(LireCpt("400").Solde, Euros(820));
-        QVERIFY2(Verification(), LireFichier(dossier->Fichier("verif.txt")).constData());
+        QVERIFY2(Verification(), LireFichier(cadre.dossier->Fichier("verif.txt")).constData());
     }
 };
 
