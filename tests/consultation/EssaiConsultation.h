@@ -8,6 +8,7 @@
 #include "chart/GestionPlan.h"
 #include "chart/Ouverture.h"
 #include "consultation/Export.h"
+#include "posting/Verification.h"
 #include "ui/Grille.h"
 
 #include <QGroupBox>
@@ -124,6 +125,26 @@ inline QList<QStringList> Lignes(ui::Grille* g) {
     for (int i = 0; i < g->NombreLignes(); ++i)
         l << Ligne(g, i);
     return l;
+}
+
+// Sur l'écran Balance : choisit tour à tour les trois balances et compare la ligne des totaux
+// à ceux de la vérification des livres ; rend les écarts (vide si aucun).
+inline QString EcartsTotauxBalance(QWidget* balance) {
+    const auto aff = [](Montant m) { return FormaterMontant(m, session().FormatMontant); };
+    const QList<QPair<const char*, const char*>> choix = {
+        {"BRCompl", "G"}, {"BRClient", "C"}, {"BRFourn", "F"}};
+    QString ecarts;
+    for (const auto& [option, lettre] : choix) {
+        CliquerOption(balance, option);
+        Montant d, c, sd, sc;
+        TotauxBalance(QString::fromLatin1(lettre), d, c, sd, sc);
+        const QStringList vus = Ligne(Grille(balance, "Tree2"), 0).mid(3);
+        const QStringList attendus = {aff(d), aff(c), aff(sd), aff(sc)};
+        if (vus != attendus)
+            ecarts += QString::fromLatin1(option) + QStringLiteral(" : ") + vus.join(u'/') +
+                      QStringLiteral(" au lieu de ") + attendus.join(u'/') + QLatin1Char(' ');
+    }
+    return ecarts;
 }
 
 // Export par ce bouton vers ce fichier ; la question de fin reçoit Non.

@@ -93,15 +93,7 @@ private slots:
 
     void balance_totauxDeLaVerification() {
         auto e = Montrer<ecran::Balance>();
-        const QList<QPair<const char*, const char*>> choix = {
-            {"BRCompl", "G"}, {"BRClient", "C"}, {"BRFourn", "F"}};
-        for (const auto& [option, lettre] : choix) {
-            CliquerOption(e.get(), option);
-            Montant d, c, sd, sc;
-            TotauxBalance(QString::fromLatin1(lettre), d, c, sd, sc);
-            QCOMPARE(Ligne(Grille(e.get(), "Tree2"), 0).mid(3),
-                     QStringList({Aff(d), Aff(c), Aff(sd), Aff(sc)}));
-        }
+        QCOMPARE(EcartsTotauxBalance(e.get()), QString());
         CliquerOption(e.get(), "BRCompl");
         const QStringList totaux = Ligne(Grille(e.get(), "Tree2"), 0);
         QCOMPARE(totaux[5], totaux[6]);
