@@ -11,6 +11,7 @@
 #include "posting/Verification.h"
 #include "ui/Application.h"
 
+#include <QHeaderView>
 #include <QPushButton>
 
 using namespace essai;
@@ -109,6 +110,19 @@ private slots:
             QList<QStringList>({{" ", " ", "Totaux :", "250,00 E", "200,00 E", "50,00 E", "0,00 E"},
                                 {"400", "Fournisseurs collectif", "0,00 E", "-250,00 E", "200,00 E",
                                  "-50,00 E", ""}}));
+    }
+
+    void clicSurUnTitre_trieLaBalance() {
+        auto e = Montrer<ecran::Balance>();
+        CliquerOption(e.get(), "BRCompl");
+        ui::Grille* g = Grille(e.get(), "Tree1");
+        QTest::mouseClick(g->header()->viewport(), Qt::LeftButton, {},
+                          QPoint(g->header()->sectionViewportPosition(1) + 10, 5));
+        QCOMPARE(g->Texte(0, 1), QStringLiteral("Achats"));
+        QCOMPARE(g->Texte(7, 1), QStringLiteral("Ventes annexes"));
+        // La colonne des totaux suit la largeur de la colonne de la balance.
+        g->FixerLargeurColonne(1, 321);
+        QCOMPARE(Grille(e.get(), "Tree2")->LargeurColonne(1), 321);
     }
 
     void information_ouvertureNonEquilibree() {

@@ -147,6 +147,27 @@ private slots:
         QVERIFY(Grille(e.get(), "Tree1")->updatesEnabled());
     }
 
+    void remplissage_peintureCoupeeEtJaugeMontree() {
+        auto e = Montrer<ecran::Journal>();
+        ui::Grille* g = Grille(e.get(), "Tree1");
+        auto* jauge = e->findChild<QProgressBar*>("Gauge1");
+        bool peintureCoupee = false, jaugeVue = false;
+        int maximum = 0, valeur = 0;
+        connect(g->model(), &QAbstractItemModel::rowsInserted, e.get(), [&] {
+            peintureCoupee = !g->updatesEnabled();
+            jaugeVue = jauge->isVisible();
+            maximum = jauge->maximum();
+            valeur = jauge->value();
+        });
+        CliquerOption(e.get(), "BRCrois");
+        QVERIFY(peintureCoupee);
+        QVERIFY(jaugeVue);
+        QCOMPARE(maximum, 6);
+        QCOMPARE(valeur, 6);
+        QVERIFY(g->updatesEnabled());
+        QVERIFY(!jauge->isVisible());
+    }
+
     void decroissant_ligneVideAvantLaLigneDeFin() {
         auto e = Montrer<ecran::Journal>();
         CliquerOption(e.get(), "BRDecrois");
