@@ -1,0 +1,259 @@
+// Le premier mois d'un nouvel utilisateur, par les écrans seulement : dossier neuf, création
+// de la société, plan standard, bilan d'ouverture clos, ventes en saisie logique, règlement
+// et achat en débits et crédits, une contre-passation ; puis journal, balance, bilan, compte
+// de résultat et exports comparés aux chiffres calculés ici à part.
+
+#include "../entry/SaisieEssai.h"
+#include "EssaiConsultation.h"
+
+#include "chart/Plan2.h"
+#include "chart/Prembil.h"
+#include "companies/General.h"
+#include "companies/OuvertureEcrans.h"
+#include "consultation/Balance.h"
+#include "consultation/Bilan.h"
+#include "consultation/Journal.h"
+#include "consultation/Resultat.h"
+#include "entry/Annul.h"
+#include "entry/Choisais.h"
+#include "entry/SaisDC2.h"
+#include "session/Demarrage.h"
+#include "session/Reglages.h"
+#include "ui/Application.h"
+#include "ui/Horloge.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace essai;
+using support::PiloteModal;
+
+namespace {
+
+QString T(const char* texte) {
+    return QString::fromUtf8(texte);
+}
+
+bool ChoisirCompte(QWidget* e, const QString& numero) {
+    auto* g = e->findChild<ui::Grille*>(QStringLiteral("Tree1"));
+    for (int i = 0; i < g->NombreLignes(); ++i)
+        if (g->Texte(i, 0).trimmed() == numero) return support::CliquerCellule(g, i, 0, true);
+    support::SignalerEchec(QStringLiteral("Compte %1 absent").arg(numero));
+    return false;
+}
+
+int Lignes(const QString& chemin) {
+    return static_cast<int>(LireFichier(chemin).count("\r\n"));
+}
+
+} // namespace
+
+class TestPremiereAnnee : public QObject {
+    Q_OBJECT
+    std::unique_ptr<support::DossierEssai> dossier;
+
+    // Facture de vente par toute la chaîne de la saisie logique.
+    static bool Vendre(const QString& date, int ht, int tva, const QString& libelle) {
+        session().DateSaisieCourante = date;
+        PiloteModal p;
+        p.Attendre("Choisais", support::Cliquer("Command1"))
+            .Attendre("Saislog",
+                      [](QWidget* w) {
+                          support::ChoisirLigneListe(w, "List1", 0);
+                          support::ChoisirLigneListe(w, "List2", 0);
+                          support::CliquerBouton(w, "Command1");
+                      })
+            .Attendre("ChoixCpt",
+                      [](QWidget* w) {
+                          CliquerOption(w, "Option1");
+                          ChoisirCompte(w, "7071");
+                          CliquerOption(w, "Option2");
+                          ChoisirCompte(w, "445711");
+                          CliquerOption(w, "Option3");
+                          ChoisirCompte(w, "411");
+                          support::CliquerBouton(w, "Command3");
+                      })
+            .Attendre("SaisQuad",
+                      [=](QWidget* w) {
+                          TaperMontant(w, "7071", QString::number(ht));
+                          TaperMontant(w, "445711", QString::number(tva));
+                          TaperMontant(w, "411", QString::number(ht + tva));
+                          QTest::keyClicks(w->findChild<QLineEdit*>("Text2"), libelle);
+                          support::CliquerBouton(w, "Command1");
+                      })
+            .Attendre("ChoixCpt", support::Cliquer("Command7"));
+        p.Demarrer();
+        ecran::Choisais e;
+        e.FixerDebutChaine(true);
+        e.exec();
+        if (!p.Reussi()) qWarning("%s", qPrintable(p.Echec()));
+        return p.Reussi();
+    }
+
+    // Écriture en débits et crédits : "compte D|C montant" par ligne.
+    static void Passer(const QString& date, const QString& journal, const QStringList& lignes,
+                       const QString& libelle) {
+        session().DateSaisieCourante = date;
+        Base().exec("DELETE FROM wSaisie");
+        JournalSaisie() = journal;
+        LigneMenuSaisie() = QString();
+        ecran::SaisDC2 e;
+        e.show();
+        auto* t1 = e.findChild<ui::Grille*>("Tree1");
+        auto* t2 = e.findChild<ui::Grille*>("Tree2");
+        e.findChild<QLineEdit*>("Text2")->setText(libelle);
+        for (const QString& l : lignes) {
+            t1->FixerLigneCourante(t1->ChercherTexte(0, l.section(' ', 0, 0)));
+            QTest::mouseClick(e.findChild<QPushButton*>("BAjout"), Qt::LeftButton);
+        }
+        for (const QString& l : lignes) {
+            const int ligne = t2->ChercherTexte(0, l.section(' ', 0, 0));
+            support::CliquerCellule(t2, ligne, l.section(' ', 1, 1) == "D" ? 2 : 3);
+            support::TaperDansCellule(t2, l.section(' ', 2, 2), Qt::Key_Tab);
+        }
+        e.findChild<QCheckBox*>("BCrappel")->setChecked(false);
+        QTest::mouseClick(e.findChild<QPushButton*>("Command1"), Qt::LeftButton);
+    }
+
+private slots:
+    void init() {
+        dossier = std::make_unique<support::DossierEssai>();
+        session() = Session();
+        EcrireReglage("intl", "sDecimal", ",");
+        ecransDemarrage() = EcransParDefaut();
+        ecran::OublierOuvreurs();
+        ui::FixerHorloge(QDateTime(QDate(2024, 1, 2), QTime(8, 0)));
+        QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+        FixerApplicationAssociee(true);
+    }
+    void cleanup() {
+        FixerApplicationAssociee(std::nullopt);
+        QLocale::setDefault(QLocale::c());
+        ecran::FermerGeneral();
+        FermerBase();
+        LibererDossierDonnees();
+        ecran::OublierOuvreurs();
+        dossier.reset();
+    }
+
+    void premierMois_parLesEcrans() {
+        // Démarrage sur un dossier neuf : création de la société et choix de l'exercice.
+        PiloteModal depart;
+        depart
+            .Attendre("CreSociete",
+                      [](QWidget* f) {
+                          support::TaperTexte(f, "Text1", T("Boulangerie Léa"));
+                          support::TaperTexte(f, "Text4", "Lyon");
+                          support::CliquerBouton(f, "Command1");
+                      })
+            .Attendre("Societe",
+                      [](QWidget* f) {
+                          support::ChoisirLigneListe(f, "List2", 0);
+                          support::CliquerBouton(f, "Command4");
+                      })
+            .AttendreBoite(T("Vous n'avez pas modifié la date de saisie. Etes-vous sûr(e) de "
+                             "vouloir continuer ?"),
+                           "Oui");
+        depart.Demarrer();
+        QVERIFY(Demarrage({"maroval"}));
+        QVERIFY2(depart.AttendreFin(), qPrintable(depart.Echec()));
+        GardeBoites garde;
+        MajFormatMontant(2);
+
+        // Plan standard pris en entier.
+        {
+            auto plan = Montrer<ecran::Plan2>();
+            support::ChoisirLigneListe(plan.get(), "List1", 0);
+            ui::RepondreBoite(ui::Reponse::Oui);
+            support::CliquerBouton(plan.get(), "Command1");
+            support::CliquerBouton(plan.get(), "Command4");
+        }
+        QVERIFY(CompteExiste("512"));
+
+        // Bilan d'ouverture : 1 000 en banque apportés en capital, clos.
+        {
+            auto ouverture = Montrer<ecran::Prembil>();
+            const auto saisir = [&](const char* grille, const char* numero) {
+                ui::Grille* g = Grille(ouverture.get(), grille);
+                support::CliquerCellule(g, g->ChercherTexte(0, numero), 2);
+                return support::TaperDansCellule(g, "1000");
+            };
+            QVERIFY(saisir("Tree1", "512"));
+            QVERIFY(saisir("Tree2", "101"));
+            ui::RepondreBoite(ui::Reponse::Oui);
+            ui::RepondreBoite(ui::Reponse::OK);
+            support::CliquerBouton(ouverture.get(), "Command1");
+        }
+        QVERIFY(Constante().OuvertureClos);
+
+        // Un mois d'écritures.
+        QVERIFY(Vendre("10/01/2024", 1000, 200, "Ventes du 10"));
+        QVERIFY(Vendre("15/01/2024", 500, 100, "Ventes du 15"));
+        Passer("20/01/2024", "T", {"512 D 1200", "411 C 1200"}, T("Règlement client"));
+        Passer("22/01/2024", "A", {"607 D 300", "44566 D 60", "401 C 360"}, "Achat farine");
+        QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 3 + 3 + 2 + 3);
+
+        // Contre-passation de la vente du 15 (lignes 4 à 6).
+        session().DateSaisieCourante = QStringLiteral("31/01/2024");
+        {
+            ecran::Annul annul;
+            annul.show();
+            ui::Grille* t1 = Grille(&annul, "Tree1");
+            QTRY_VERIFY(t1->NombreLignes() > 0);
+            const int ligne = t1->ChercherTexte(0, "5");
+            QVERIFY(ligne >= 0);
+            support::CliquerCellule(t1, ligne, 0);
+            QTest::mouseClick(annul.findChild<QPushButton*>("Command3"), Qt::LeftButton);
+            QTest::mouseClick(annul.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        }
+        QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 14);
+
+        // Chiffres attendus, comptés à part : ventes 1 000, TVA 200, achats 300 et TVA 60.
+        const Montant debits = Euros(1200 + 600 + 1200 + 360 + 600);
+        {
+            auto j = Montrer<ecran::Journal>();
+            CliquerOption(j.get(), "BRCrois");
+            QCOMPARE(Grille(j.get(), "Tree1")->NombreLignes(), 14 + 5);
+            QCOMPARE(Texte(j.get(), "Label1"), FormaterMontant(debits, session().FormatMontant));
+            QCOMPARE(Texte(j.get(), "Label2"), Texte(j.get(), "Label1"));
+            const QString csv = dossier->Fichier("journal.csv");
+            Exporter(j.get(), "Command3", csv);
+            QCOMPARE(Lignes(csv), 1 + 14);
+        }
+        {
+            auto b = Montrer<ecran::Balance>();
+            QCOMPARE(EcartsTotauxBalance(b.get()), QString());
+            CliquerOption(b.get(), "BRCompl");
+            const QStringList totaux = Ligne(Grille(b.get(), "Tree2"), 0);
+            QCOMPARE(totaux[5], QStringLiteral("2 560,00 E"));
+            QCOMPARE(totaux[6], QStringLiteral("2 560,00 E"));
+            QVERIFY(Texte(b.get(), "Label1").isEmpty());
+        }
+        {
+            auto b = Montrer<ecran::Bilan>();
+            QCOMPARE(Texte(b.get(), "Label3"), QStringLiteral("2 260,00 E"));
+            QCOMPARE(Texte(b.get(), "Label4"), QStringLiteral("1 560,00 E"));
+            QCOMPARE(Texte(b.get(), "Label10"), QStringLiteral("700,00 E"));
+            const QString csv = dossier->Fichier("bilan.csv");
+            Exporter(b.get(), "CBExportExcel", csv);
+            QVERIFY(LireFichier(csv).endsWith(
+                T(";Résultat (sous réserve des écritures d'inventaire) :;700,00 E\r\n").toUtf8()));
+        }
+        {
+            auto r = Montrer<ecran::Resultat>();
+            QCOMPARE(Texte(r.get(), "Label3"), QStringLiteral("300,00 E"));
+            QCOMPARE(Texte(r.get(), "Label4"), QStringLiteral("1 000,00 E"));
+            QCOMPARE(Texte(r.get(), "Label10"), QStringLiteral("700,00 E"));
+        }
+        QVERIFY2(garde.inattendues.isEmpty(), qPrintable(garde.inattendues.join(" | ")));
+    }
+};
+
+int main(int argc, char** argv) {
+    ui::Application application(argc, argv);
+    TestPremiereAnnee t;
+    return QTest::qExec(&t, argc, argv);
+}
+
+#include "test_consult_premiere_annee.moc"
