@@ -186,6 +186,32 @@ private slots:
         QCOMPARE(Grille(e.get(), "Tree1")->NombreLignes(), 2);
     }
 
+    void export_selectionVide_titreSeulSansMessageDEchec() {
+        Base().exec("UPDATE Compte SET Sde=0, CumD=0, CumC=0, Solde=0 WHERE Menu=160");
+        auto e = Montrer<ecran::Balance>();
+        CliquerOption(e.get(), "BRFourn");
+        QCOMPARE(Grille(e.get(), "Tree1")->NombreLignes(), 0);
+        const QString chemin = banc.Fichier("fournisseurs.csv");
+        Exporter(e.get(), "Command3", chemin);
+        QCOMPARE(TextesBoites(),
+                 QStringList({T("La \"Balance des fournisseurs\" a été exportée sous \"") + chemin +
+                              T("\"\r\n\r\nVoulez-vous ouvrir cette balance maintenant ?")}));
+        QCOMPARE(LireFichier(chemin),
+                 Bom + T("\"Numéro\";\"Libellé\";\"Solde début\";\"Total Débit\";\"Total "
+                         "Crédit\";\"Solde Débit\";\"Solde Crédit\"\r\n")
+                           .toUtf8());
+    }
+
+    void export_pointVirguleDansUnLibelleNonProtege() {
+        Base().exec("UPDATE Compte SET LibCpt='Client; Dupont' WHERE NumCpt='411001'");
+        auto e = Montrer<ecran::Balance>();
+        CliquerOption(e.get(), "BRClient");
+        const QString chemin = banc.Fichier("clients.csv");
+        Exporter(e.get(), "Command3", chemin);
+        QVERIFY(LireFichier(chemin).contains(
+            "\"411001\";\"Client; Dupont\";\" 0\";\" 120\";\"\";\" 120\";\"\"\r\n"));
+    }
+
     void export_generaleNomPropose() {
         auto e = Montrer<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
