@@ -42,6 +42,7 @@ ChoixCpt::ChoixCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
     ui->Tree1->setColumnWidth(0, 90);
     ui->Tree1->setColumnWidth(1, 260);
     ui->Tree2->setColumnWidth(0, 90);
+    ui->Tree2->setColumnWidth(1, 300);
     connect(ui->Option1, &QRadioButton::clicked, this, &ChoixCpt::Option1_Click);
     connect(ui->Option2, &QRadioButton::clicked, this, &ChoixCpt::Option2_Click);
     connect(ui->Option3, &QRadioButton::clicked, this, &ChoixCpt::Option3_Click);
@@ -206,20 +207,7 @@ void ChoixCpt::Command4_Click() {
     if (!LireCompte(CleCourante(), numero, c)) return;
     table::Tableau t;
     LireLigneMenu(CleMenuSaisie() + slot, t);
-    table::Saisie r;
-    r.wNumEcrt = ++NumLigneSaisie;
-    r.wNumCpt = c.NumCpt;
-    r.wErEcr = c.ErCpt;
-    r.wLibCpt = c.LibCpt;
-    r.wSolde = c.Solde;
-    r.wTiers = c.Tiers;
-    r.wBilan = c.Bilan;
-    r.wMenu = c.Menu;
-    r.wJournal = t.tJournal;
-    r.wRappel = t.tRappel;
-    r.wSigne = t.tSigne;
-    r.wNombre = t.tNombre;
-    r.wMenuLigne = CleMenuSaisie() + slot;
+    table::Saisie r = LignePreparee(c, t, ++NumLigneSaisie, CleMenuSaisie() + slot);
     AjouterSaisie(r);
     RemplirTree2();
 }

@@ -16,3 +16,22 @@ int ClasseAutorisee(const table::Tableau& ligne, int n) {
                 .arg(ligne.tMenuLigne.trimmed()));
     return ligne.tMenuAutorise.mid((n - 1) * 4, 3).trimmed().toInt();
 }
+
+table::Saisie LignePreparee(const table::Compte& compte, const table::Tableau& caseMenu,
+                            double wNumEcrt, const QString& cleCase) {
+    table::Saisie r;
+    r.wNumEcrt = wNumEcrt;
+    r.wNumCpt = compte.NumCpt;
+    r.wErEcr = compte.ErCpt;
+    r.wLibCpt = compte.LibCpt;
+    r.wSolde = compte.Solde;
+    r.wTiers = compte.Tiers;
+    r.wBilan = compte.Bilan;
+    r.wMenu = compte.Menu;
+    r.wJournal = caseMenu.tJournal;
+    r.wRappel = caseMenu.tRappel;
+    r.wSigne = caseMenu.tSigne;
+    r.wNombre = caseMenu.tNombre;
+    r.wMenuLigne = cleCase;
+    return r;
+}

@@ -74,7 +74,8 @@ void SaisQuad::BrancherListe(int rang) {
     g->FixerColonnes(
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Montant")});
     g->setColumnWidth(0, 80);
-    g->setColumnWidth(1, 170);
+    g->setColumnWidth(1, 230);
+    g->setColumnWidth(2, 130);
     g->FixerValidation([this, g](int ligne, int colonne, QString& texte) {
         return Valider(g, ligne, colonne, texte) ? ui::Grille::Validation::Accepter
                                                  : ui::Grille::Validation::GarderOuvert;

@@ -18,20 +18,7 @@ inline void Preparer(const QString& numero, const QString& cle, double rang) {
     QVERIFY2(LireCompte(Cle, numero, c), qPrintable(numero));
     table::Tableau t;
     QVERIFY2(LireLigneMenu(cle, t), qPrintable(cle));
-    table::Saisie r;
-    r.wNumEcrt = rang;
-    r.wNumCpt = c.NumCpt;
-    r.wErEcr = c.ErCpt;
-    r.wLibCpt = c.LibCpt;
-    r.wSolde = c.Solde;
-    r.wTiers = c.Tiers;
-    r.wBilan = c.Bilan;
-    r.wMenu = c.Menu;
-    r.wJournal = t.tJournal;
-    r.wRappel = t.tRappel;
-    r.wSigne = t.tSigne;
-    r.wNombre = t.tNombre;
-    r.wMenuLigne = cle;
+    table::Saisie r = LignePreparee(c, t, rang, cle);
     AjouterSaisie(r);
 }
 

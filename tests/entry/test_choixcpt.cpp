@@ -231,6 +231,50 @@ private slots:
         QCOMPARE(Compter("SELECT COUNT(*) FROM wSaisie"), 0);
         QCOMPARE(Grille(&e, "Tree2")->NombreLignes(), 0);
     }
+    void nouveauCompte_plan2OuvertSurLaCreationPuisListeRelue() {
+        bool creation = false;
+        support::PiloteModal p;
+        p.Attendre("ChoixCpt", support::Cliquer("Command1"))
+            .Attendre("Plan2",
+                      [&](QWidget* w) {
+                          auto* general = w->findChild<QRadioButton*>("BRgeneral");
+                          creation = general && general->isChecked() &&
+                                     w->findChild<QWidget*>("Frame3")->isVisible();
+                          // Un compte de vente créé pendant le détour.
+                          Compte("70799", "Ventes créées en cours de saisie");
+                          support::CliquerBouton(w, "Command4");
+                      })
+            .Attendre("ChoixCpt", support::Cliquer("Command7"));
+        p.Demarrer();
+        ecran::ChoixCpt e;
+        e.FixerDebutChaine(true);
+        e.exec();
+        QVERIFY2(p.Reussi(), qPrintable(p.Echec()));
+        QVERIFY(creation);
+        QVERIFY(Numeros(Grille(&e, "Tree1")).contains("70799"));
+    }
+
+    void detailDuCompte_retourGardeLOption() {
+        support::PiloteModal p;
+        p.Attendre("ChoixCpt",
+                   [](QWidget* w) {
+                       CliquerOption(w, "Option3");
+                       support::CliquerCellule(Grille(w, "Tree1"), 0, 0);
+                       support::CliquerBouton(w, "Command8");
+                   })
+            .Attendre("DetailCp", support::Cliquer("Command1"))
+            .Attendre("ChoixCpt", [](QWidget* w) {
+                if (!w->findChild<QRadioButton*>("Option3")->isChecked())
+                    support::SignalerEchec("L'option a changé au retour du détail");
+                support::CliquerBouton(w, "Command7");
+            });
+        p.Demarrer();
+        ecran::ChoixCpt e;
+        e.FixerDebutChaine(true);
+        e.exec();
+        QVERIFY2(p.Reussi(), qPrintable(p.Echec()));
+        QCOMPARE(CompteChoisi(), ComptesProposes(CaseDeMenu("113")).first());
+    }
 };
 
 int main(int argc, char** argv) {

@@ -5,6 +5,7 @@
 #include "support/PiloteModal.h"
 
 #include "SaisieEssai.h"
+#include "entry/ChoixCpt.h"
 #include "entry/SaisQuad.h"
 #include "posting/Verification.h"
 #include "ui/Application.h"
@@ -240,6 +241,32 @@ private slots:
         ui::FixerTexteDate(e.findChild<QLineEdit*>("Text3"), QString());
         e.Text3_LostFocus();
         QCOMPARE(ui::JournalBoites().size(), 1);
+    }
+    void retour_garderLesMontants_quitterDechargeLaChaine() {
+        PreparerVente();
+        QString montantRevu;
+        support::PiloteModal p;
+        p.Attendre("ChoixCpt", support::Cliquer("Command3"))
+            .Attendre("SaisQuad",
+                      [](QWidget* w) {
+                          TaperMontant(w, "7071", "250");
+                          support::CliquerBouton(w, "Command2");
+                      })
+            .Attendre("ChoixCpt", support::Cliquer("Command3"))
+            .Attendre("SaisQuad", [&](QWidget* w) {
+                montantRevu = Cellule(w, "7071");
+                support::CliquerBouton(w, "Command4");
+            });
+        p.Demarrer();
+        ecran::ChoixCpt e;
+        e.FixerDebutChaine(true);
+        e.exec();
+        QVERIFY2(p.Reussi(), qPrintable(p.Echec()));
+        QCOMPARE(montantRevu, QStringLiteral("250,00 E"));
+        QVERIFY(!EcriturePassee());
+        QVERIFY(!e.isVisible());
+        QCOMPARE(Mnt("7071"), Euros(250));
+        QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 0);
     }
 };
 
