@@ -7,6 +7,7 @@
 
 #include "SaisieEssai.h"
 #include "entry/Choisais.h"
+#include "entry/SaisQuad.h"
 #include "posting/Verification.h"
 #include "ui/Application.h"
 
@@ -102,6 +103,8 @@ private slots:
         dossier = std::make_unique<support::DossierEssai>();
         OuvrirExercice(*dossier);
         CopierPlan(QStringLiteral("0001"));
+        Base().exec("DELETE FROM wSaisie");
+        EcriturePassee() = false;
         ui::ViderJournalBoites();
     }
     void cleanup() {
@@ -183,6 +186,72 @@ private slots:
                                      QStringLiteral("7071 C %1 V").arg(100 + i)}));
         }
         QVERIFY(Verification());
+    }
+    void ordreDuClavier_flechesHautEtRetourSansOK() {
+        CleMenuSaisie() = QStringLiteral("31");
+        LigneMenuSaisie() = CaseDeMenu("311").tLibMenuprinc;
+        Preparer("512", "311", 1);
+        Preparer("531", "312", 2);
+        ecran::SaisQuad e;
+        e.show();
+        e.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&e));
+        auto nom = [] {
+            return QApplication::focusWidget() ? QApplication::focusWidget()->objectName()
+                                               : QString();
+        };
+        // Trésorerie : pas d'échéance, Text2 mène droit à ACTIF.
+        e.findChild<QLineEdit*>("Text1")->setFocus();
+        Touche(Qt::Key_Up);
+        QCOMPARE(nom(), QStringLiteral("Command3"));
+        e.findChild<QLineEdit*>("Text1")->setFocus();
+        Touche(Qt::Key_Down);
+        QCOMPARE(nom(), QStringLiteral("Text2"));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Virement"));
+        Touche(Qt::Key_Up);
+        QCOMPARE(nom(), QStringLiteral("Text1"));
+        Touche(Qt::Key_Return);
+        Touche(Qt::Key_Return);
+        QCOMPARE(nom(), QStringLiteral("Tree1"));
+        Touche(Qt::Key_Up);
+        QCOMPARE(nom(), QStringLiteral("Text2"));
+        Touche(Qt::Key_Down);
+        auto* t1 = e.findChild<ui::Grille*>("Tree1");
+        QCOMPARE(t1->NombreLignes(), 2);
+        Touche(Qt::Key_Down);
+        QCOMPARE(t1->LigneCourante(), 1);
+        Touche(Qt::Key_Down); // dernière ligne d'ACTIF : PASSIF, vide
+        QCOMPARE(nom(), QStringLiteral("Tree2"));
+        Touche(Qt::Key_Up); // première ligne : retour à ACTIF, sur sa dernière ligne
+        QCOMPARE(nom(), QStringLiteral("Tree1"));
+        QCOMPARE(t1->LigneCourante(), 1);
+        for (int i = 0; i < 3; ++i)
+            Touche(Qt::Key_Down);
+        QCOMPARE(nom(), QStringLiteral("Tree4"));
+        Touche(Qt::Key_Down); // "&OK" fermé : "&Retour"
+        QCOMPARE(nom(), QStringLiteral("Command2"));
+        QVERIFY(ui::JournalBoites().isEmpty());
+    }
+
+    void libelleVideQuitte_messageSansForcerLeFocus() {
+        Preparer("7071", "111", 1);
+        Preparer("411", "113", 2);
+        CleMenuSaisie() = QStringLiteral("11");
+        ecran::SaisQuad e;
+        e.show();
+        e.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&e));
+        e.findChild<QLineEdit*>("Text2")->setFocus();
+        ui::RepondreBoite(ui::Reponse::OK);
+        Touche(Qt::Key_Return);
+        QCOMPARE(TextesBoites(), QStringList{QStringLiteral("Le libellé est OBLIGATOIRE")});
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text3"));
+        // Aucun compte courant : le détail le dit.
+        CompteChoisi().clear();
+        ui::ViderJournalBoites();
+        ui::RepondreBoite(ui::Reponse::OK);
+        QVERIFY(support::CliquerBouton(&e, "Command5"));
+        QCOMPARE(TextesBoites(), QStringList{QStringLiteral("Aucun compte n'est sélectionné !")});
     }
 };
 
