@@ -180,6 +180,22 @@ private slots:
         QVERIFY(!e.isVisible());
         QVERIFY(ui::JournalBoites().isEmpty());
     }
+    void choisais_ouvreAnnulationEtChangementDeLibelle() {
+        GardeBoites garde;
+        PiloteModal p;
+        p.Attendre(QStringLiteral("Choisais"), support::Cliquer(QStringLiteral("Command4")))
+            .Attendre(QStringLiteral("Annul"), support::Fermer())
+            .Attendre(QStringLiteral("Choisais"), support::Cliquer(QStringLiteral("Command6")))
+            .Attendre(QStringLiteral("ModifLib"), support::Fermer())
+            .Attendre(QStringLiteral("Choisais"), support::Cliquer(QStringLiteral("Command3")));
+        p.Demarrer();
+        ecran::Choisais e;
+        e.FixerDebutChaine(true);
+        e.exec();
+        QVERIFY2(p.Reussi(), qPrintable(p.Echec()));
+        QVERIFY(!e.isVisible());
+        QCOMPARE(garde.inattendues, QStringList());
+    }
 };
 
 int main(int argc, char** argv) {
