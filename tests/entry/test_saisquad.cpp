@@ -268,6 +268,42 @@ private slots:
         QCOMPARE(Mnt("7071"), Euros(250));
         QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 0);
     }
+    void okSurDesLignesDesequilibrees_refuseParLeControle() {
+        PreparerVente();
+        ecran::SaisQuad e;
+        e.show();
+        QVERIFY(TaperMontant(&e, "7071", "100"));
+        QVERIFY(!OK(&e));
+        e.findChild<QLineEdit*>("Text2")->setText(QStringLiteral("Déséquilibre"));
+        ui::RepondreBoite(ui::Reponse::OK);
+        // Le bouton fermé n'est pas une garantie : le contrôle refait la somme.
+        e.Command1_Click();
+        QCOMPARE(TextesBoites(), QStringList{QStringLiteral(
+                                     "La somme des débits n'égale pas la somme des crédits ! ")});
+        QCOMPARE(ui::JournalBoites().first().icone, ui::Icone::Critique);
+        QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 0);
+        QVERIFY(e.isVisible());
+    }
+
+    void echeanceDansLesTroisMois_passeSansQuestion() {
+        PreparerVente();
+        ecran::SaisQuad e;
+        e.show();
+        QVERIFY(TaperMontant(&e, "7071", "100"));
+        QVERIFY(TaperMontant(&e, "445711", "20"));
+        QVERIFY(TaperMontant(&e, "411", "120"));
+        e.findChild<QLineEdit*>("Text2")->setText(QStringLiteral("Facture à 30 jours"));
+        ui::FixerTexteDate(e.findChild<QLineEdit*>("Text3"), QStringLiteral("15/06/2024"));
+        // L'échéance n'est écrite qu'avec un montant validé : le dernier la porte.
+        QVERIFY(TaperMontant(&e, "411", "120"));
+        QCOMPARE(Champ("wDateEcheance", "411"), QStringLiteral("20240615"));
+        QCOMPARE(Champ("wMoisEcheance", "411"), QStringLiteral("06"));
+        QCOMPARE(Champ("wDateEcheance", "7071"), QStringLiteral("________"));
+        QVERIFY(support::CliquerBouton(&e, "Command1"));
+        QVERIFY(ui::JournalBoites().isEmpty());
+        QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 3);
+        QCOMPARE(session().FormatMontant, QStringLiteral("### ### ### ##0.00 E"));
+    }
 };
 
 int main(int argc, char** argv) {
