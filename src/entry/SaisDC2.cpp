@@ -82,12 +82,12 @@ SaisDC2::SaisDC2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Solde")});
     ui->Tree2->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Libellé"),
                               QStringLiteral("Débit"), QStringLiteral("Crédit")});
-    for (ui::Grille* g : {ui->Tree1, ui->Tree2}) {
-        g->FixerLargeurColonne(0, 80);
-        g->FixerLargeurColonne(1, 200);
-        g->FixerLargeurColonne(2, 110);
-    }
-    ui->Tree2->FixerLargeurColonne(3, 110);
+    // Les quatre colonnes des lignes tiennent dans la moitié droite de l'écran.
+    const QList<QPair<ui::Grille*, QList<int>>> largeurs{{ui->Tree1, {80, 200, 110}},
+                                                         {ui->Tree2, {80, 140, 100, 100}}};
+    for (const auto& [grille, colonnes] : largeurs)
+        for (int c = 0; c < colonnes.size(); ++c)
+            grille->FixerLargeurColonne(c, colonnes[c]);
     ui::PreparerChampDate(ui->Text1);
     ui::PreparerChampDate(ui->Text3);
     ui->Tree2->FixerValidation([this](int ligne, int colonne, QString& texte) {
