@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QList>
 #include <QProgressBar>
+#include <QShowEvent>
 #include <QTreeWidgetItem>
 
 namespace {
@@ -168,3 +169,41 @@ void AffGroupe(ui::Grille* tree2, std::int32_t debut, std::int32_t fin) {
         lignes << ElementEcriture(q);
     tree2->addTopLevelItems(lignes);
 }
+
+namespace ecran {
+
+EcranJournal::EcranJournal(QWidget* parent) : ui::EcranModal(parent) {}
+
+void EcranJournal::Brancher(ui::Grille* journal, ui::Grille* groupe, QProgressBar* jauge) {
+    tree1 = journal;
+    tree2 = groupe;
+    gauge1 = jauge;
+    PreparerListesJournal(tree1, tree2);
+    gauge1->hide();
+}
+
+void EcranJournal::showEvent(QShowEvent* evenement) {
+    ui::EcranModal::showEvent(evenement);
+    if (activee || evenement->spontaneous()) return;
+    activee = true;
+    // Après l'affichage : la jauge se voit pendant la lecture du journal.
+    QMetaObject::invokeMethod(this, &EcranJournal::Form_Activate, Qt::QueuedConnection);
+}
+
+void EcranJournal::AffJournal(const QString& journal) {
+    ::AffJournal(this, tree1, tree2, gauge1, journal);
+}
+
+bool EcranJournal::FinEcr(std::int32_t numero) {
+    return ::FinEcr(numero);
+}
+
+bool EcranJournal::ChoisirGroupe(QTreeWidgetItem* element) {
+    if (!element ||
+        !TrouverGroupe(element->data(0, Qt::UserRole).toInt(), NumDebutGroupe, NumFinGroupe))
+        return false;
+    AffGroupe(tree2, NumDebutGroupe, NumFinGroupe);
+    return true;
+}
+
+} // namespace ecran

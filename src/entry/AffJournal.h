@@ -3,11 +3,14 @@
 // libellé le montrent : les lignes les plus récentes d'abord, une ligne vide entre deux
 // groupes, et la recherche du groupe d'une ligne cliquée par les marques de fin.
 
+#include "ui/EcranModal.h"
+
 #include <QString>
 #include <QStringList>
 #include <cstdint>
 
 class QProgressBar;
+class QTreeWidgetItem;
 class QWidget;
 
 namespace ui {
@@ -46,3 +49,37 @@ QStringList TextesLigneJournal(const QString& numero, const QString& dateEcr,
                                const QString& datePiece, const QString& libelle,
                                const QString& compte, const QString& montantAffiche, bool debit,
                                const QString& journal);
+
+namespace ecran {
+
+// Ecran bâti sur le journal (annulation, libellé) : le filtre, le groupe choisi, le journal
+// lu à la première apparition de l'écran, et le groupe de la ligne cliquée.
+class EcranJournal : public ui::EcranModal {
+    Q_OBJECT
+public:
+    explicit EcranJournal(QWidget* parent = nullptr);
+
+    QString FiltreJournal = QStringLiteral("*");
+    std::int32_t NumDebutGroupe = 0;
+    std::int32_t NumFinGroupe = 0;
+
+public slots:
+    virtual void Form_Activate() = 0;
+    void AffJournal(const QString& journal);
+    bool FinEcr(std::int32_t numero);
+
+protected:
+    // Les deux listes et la jauge de l'écran, une fois son formulaire monté.
+    void Brancher(ui::Grille* journal, ui::Grille* groupe, QProgressBar* jauge);
+    // Le groupe de la ligne montré dans la seconde liste ; faux sur le séparateur.
+    bool ChoisirGroupe(QTreeWidgetItem* element);
+    void showEvent(QShowEvent* evenement) override;
+
+private:
+    ui::Grille* tree1 = nullptr;
+    ui::Grille* tree2 = nullptr;
+    QProgressBar* gauge1 = nullptr;
+    bool activee = false;
+};
+
+} // namespace ecran

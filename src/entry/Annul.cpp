@@ -12,7 +12,6 @@
 #include "ui_Annul.h"
 
 #include <QApplication>
-#include <QShowEvent>
 
 namespace ecran {
 
@@ -47,27 +46,18 @@ table::Saisie LigneInverse(const table::Ecriture& e, const table::Compte& c, std
 
 } // namespace
 
-Annul::Annul(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Annul>()) {
+Annul::Annul(QWidget* parent) : EcranJournal(parent), ui(std::make_unique<Ui::Annul>()) {
     ui->setupUi(this);
-    PreparerListesJournal(ui->Tree1, ui->Tree2);
+    Brancher(ui->Tree1, ui->Tree2, ui->Gauge1);
     connect(ui->Tree1, &QTreeWidget::itemClicked, this, &Annul::Tree1_Click);
     connect(ui->Command1, &QPushButton::clicked, this, &Annul::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Annul::Command2_Click);
     connect(ui->Command3, &QPushButton::clicked, this, &Annul::Command3_Click);
     ui->Command2->hide();
     ui->Label2->hide();
-    ui->Gauge1->hide();
 }
 
 Annul::~Annul() = default;
-
-void Annul::showEvent(QShowEvent* evenement) {
-    ui::EcranModal::showEvent(evenement);
-    if (activee || evenement->spontaneous()) return;
-    activee = true;
-    // Après l'affichage : la jauge se voit pendant la lecture du journal.
-    QMetaObject::invokeMethod(this, &Annul::Form_Activate, Qt::QueuedConnection);
-}
 
 void Annul::Form_Activate() {
     FiltreJournal = QStringLiteral("*");
@@ -76,21 +66,10 @@ void Annul::Form_Activate() {
     AffJournal(FiltreJournal);
 }
 
-void Annul::AffJournal(const QString& journal) {
-    ::AffJournal(this, ui->Tree1, ui->Tree2, ui->Gauge1, journal);
-}
-
-bool Annul::FinEcr(std::int32_t numero) {
-    return ::FinEcr(numero);
-}
-
 void Annul::Tree1_Click(QTreeWidgetItem* element) {
     ui->Command2->hide();
     ui->Label2->hide();
-    if (!element) return;
-    if (!TrouverGroupe(element->data(0, Qt::UserRole).toInt(), NumDebutGroupe, NumFinGroupe))
-        return;
-    AffGroupe(ui->Tree2, NumDebutGroupe, NumFinGroupe);
+    ChoisirGroupe(element);
 }
 
 void Annul::Command3_Click() {

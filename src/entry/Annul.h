@@ -2,7 +2,7 @@
 // Annulation d'un groupe d'écritures par contre-passation : le groupe cliqué dans le
 // journal est repris de l'autre côté, à la date de saisie, sous de nouveaux numéros.
 
-#include "ui/EcranModal.h"
+#include "entry/AffJournal.h"
 
 #include <QString>
 #include <cstdint>
@@ -16,32 +16,23 @@ class Annul;
 
 namespace ecran {
 
-class Annul : public ui::EcranModal {
+class Annul : public EcranJournal {
     Q_OBJECT
 public:
     explicit Annul(QWidget* parent = nullptr);
     ~Annul() override;
 
-    QString FiltreJournal = QStringLiteral("*");
     std::int32_t NumProchain = 0;
-    std::int32_t NumDebutGroupe = 0;
-    std::int32_t NumFinGroupe = 0;
 
 public slots:
-    void Form_Activate();
-    void AffJournal(const QString& journal);
-    bool FinEcr(std::int32_t numero);
+    void Form_Activate() override;
     void Tree1_Click(QTreeWidgetItem* element);
     void Command1_Click();
     void Command2_Click();
     void Command3_Click();
 
-protected:
-    void showEvent(QShowEvent* evenement) override;
-
 private:
     std::unique_ptr<Ui::Annul> ui;
-    bool activee = false;
 };
 
 } // namespace ecran

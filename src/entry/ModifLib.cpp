@@ -9,7 +9,6 @@
 #include "ui_ModifLib.h"
 
 #include <QKeyEvent>
-#include <QShowEvent>
 
 namespace ecran {
 
@@ -17,26 +16,18 @@ namespace {
 constexpr int ColonneLibelle = 3;
 }
 
-ModifLib::ModifLib(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::ModifLib>()) {
+ModifLib::ModifLib(QWidget* parent) : EcranJournal(parent), ui(std::make_unique<Ui::ModifLib>()) {
     ui->setupUi(this);
-    PreparerListesJournal(ui->Tree1, ui->Tree2);
+    Brancher(ui->Tree1, ui->Tree2, ui->Gauge1);
     connect(ui->Tree1, &QTreeWidget::itemClicked, this, &ModifLib::Tree1_Click);
     connect(ui->Text1, &QLineEdit::textEdited, this, &ModifLib::Text1_Change);
     ui->Text1->installEventFilter(this);
     connect(ui->Command1, &QPushButton::clicked, this, &ModifLib::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &ModifLib::Command2_Click);
     ui->Command2->setEnabled(false);
-    ui->Gauge1->hide();
 }
 
 ModifLib::~ModifLib() = default;
-
-void ModifLib::showEvent(QShowEvent* evenement) {
-    ui::EcranModal::showEvent(evenement);
-    if (activee || evenement->spontaneous()) return;
-    activee = true;
-    QMetaObject::invokeMethod(this, &ModifLib::Form_Activate, Qt::QueuedConnection);
-}
 
 bool ModifLib::eventFilter(QObject* objet, QEvent* evenement) {
     // Entrée dans le champ appartient au champ : elle n'actionne aucun bouton.
@@ -58,19 +49,8 @@ void ModifLib::Form_Activate() {
     AffJournal(FiltreJournal);
 }
 
-void ModifLib::AffJournal(const QString& journal) {
-    ::AffJournal(this, ui->Tree1, ui->Tree2, ui->Gauge1, journal);
-}
-
-bool ModifLib::FinEcr(std::int32_t numero) {
-    return ::FinEcr(numero);
-}
-
 void ModifLib::Tree1_Click(QTreeWidgetItem* element) {
-    if (!element) return;
-    if (!TrouverGroupe(element->data(0, Qt::UserRole).toInt(), NumDebutGroupe, NumFinGroupe))
-        return;
-    AffGroupe(ui->Tree2, NumDebutGroupe, NumFinGroupe);
+    if (!ChoisirGroupe(element)) return;
     texteChoisi = ui->Tree2->NombreLignes() > 0 ? ui->Tree2->Texte(0, ColonneLibelle) : QString();
     ui->Text1->setText(texteChoisi);
     ui->Text1->setFocus();

@@ -10,6 +10,7 @@
 #include "ui/Grille.h"
 
 #include <QTest>
+#include <memory>
 
 namespace essai {
 
@@ -26,6 +27,24 @@ inline void TroisGroupes() {
     Passer();
     Vente(Euros(200), Euros(40));
 }
+
+// Dossier neuf, exercice ouvert, état de départ gardé pour le recalcul, trois groupes.
+struct LivresTroisGroupes {
+    std::unique_ptr<support::DossierEssai> dossier;
+    Depart depart;
+
+    void Ouvrir() {
+        support::RemettreServicesAZero();
+        dossier = std::make_unique<support::DossierEssai>();
+        OuvrirExercice(dossier->Chemin());
+        depart = Photographier();
+        TroisGroupes();
+    }
+    void Fermer() {
+        FermerBase();
+        dossier.reset();
+    }
+};
 
 // Ligne de Tree1 qui montre ce numéro.
 inline int LigneDuNumero(ui::Grille* g, int numero) {

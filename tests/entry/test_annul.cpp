@@ -15,10 +15,8 @@ using namespace essai;
 
 class TestAnnul : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
+    LivresTroisGroupes livres;
     std::unique_ptr<ecran::Annul> annul;
-    // Comptes et constante avant toute écriture, pour le recalcul des livres.
-    Depart depart;
     ui::Grille* t1 = nullptr;
     ui::Grille* t2 = nullptr;
 
@@ -55,18 +53,11 @@ class TestAnnul : public QObject {
     }
 
 private slots:
-    void init() {
-        support::RemettreServicesAZero();
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
-        depart = Photographier();
-        TroisGroupes();
-    }
+    void init() { livres.Ouvrir(); }
     void cleanup() {
         QCOMPARE(ui::ReponsesEnAttente(), 0);
         annul.reset();
-        FermerBase();
-        dossier.reset();
+        livres.Fermer();
     }
 
     void journal_plusRecentesDabord_separateurEntreGroupes() {
@@ -113,10 +104,9 @@ private slots:
 
     void seuleTransaction_rechercheArreteeAZero() {
         annul.reset();
-        FermerBase();
-        dossier.reset();
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        livres.Fermer();
+        livres.dossier = std::make_unique<support::DossierEssai>();
+        OuvrirExercice(livres.dossier->Chemin());
         Vente(Euros(10), Euros(2));
         Ouvrir(3);
         CliquerNumero(t1, 3);
@@ -177,7 +167,7 @@ private slots:
         QCOMPARE(Compter("SELECT COUNT(*) FROM wSaisie"), 0);
         VerifierMiroir(4, 12, 5, QStringLiteral("Annul écritures 4 à 8"));
         QCOMPARE(DernierNumero(), 16.0);
-        QCOMPARE(EcartsDesLivres(depart), QString());
+        QCOMPARE(EcartsDesLivres(livres.depart), QString());
 
         // Le miroir du miroir rend les montants d'origine.
         ContrePasser(14);
@@ -185,7 +175,7 @@ private slots:
         VerifierMiroir(12, 17, 5, QStringLiteral("Annul écritures 12 à 16"));
         for (int i = 0; i < 5; ++i)
             QCOMPARE(LigneLue(17 + i).MntEcr, LigneLue(4 + i).MntEcr);
-        QCOMPARE(EcartsDesLivres(depart), QString());
+        QCOMPARE(EcartsDesLivres(livres.depart), QString());
         table::Compte c;
         LireCompte(Cle, QStringLiteral("411001"), c);
         QCOMPARE(c.Solde, Euros(120 + 1200 + 240));

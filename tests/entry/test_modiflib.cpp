@@ -14,13 +14,12 @@ using namespace essai;
 
 class TestModifLib : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
+    LivresTroisGroupes livres;
     std::unique_ptr<ecran::ModifLib> modif;
     ui::Grille* t1 = nullptr;
     ui::Grille* t2 = nullptr;
     QLineEdit* text1 = nullptr;
     QPushButton* command2 = nullptr;
-    Depart depart;
 
     void Ouvrir() {
         modif = std::make_unique<ecran::ModifLib>();
@@ -43,18 +42,11 @@ class TestModifLib : public QObject {
     QString Libelle(int numero) { return LigneLue(numero).LibEcr.trimmed(); }
 
 private slots:
-    void init() {
-        support::RemettreServicesAZero();
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
-        depart = Photographier();
-        TroisGroupes();
-    }
+    void init() { livres.Ouvrir(); }
     void cleanup() {
         QCOMPARE(ui::ReponsesEnAttente(), 0);
         modif.reset();
-        FermerBase();
-        dossier.reset();
+        livres.Fermer();
     }
 
     void ouverture_confirmationFermeeEtChampVide() {
@@ -111,7 +103,7 @@ private slots:
         QCOMPARE(Libelle(3), QStringLiteral("Essai 44571"));
         QCOMPARE(Libelle(9), QStringLiteral("Essai 411001"));
         QCOMPARE(VidageTable("Compte") + VidageTable("Constante"), comptesAvant);
-        QCOMPARE(EcartsDesLivres(depart), QString());
+        QCOMPARE(EcartsDesLivres(livres.depart), QString());
         // L'activation repart : journal relu, champ vide, confirmation fermée.
         QCOMPARE(t1->Texte(LigneDuNumero(t1, 6), 3), texte);
         QCOMPARE(text1->text(), QString());
