@@ -19,10 +19,24 @@ constexpr int Debit = 2;
 constexpr int Credit = 3;
 
 struct EcranDC {
+    std::unique_ptr<support::DossierEssai> dossier;
     std::unique_ptr<ecran::SaisDC2> e;
     ui::Grille* t1 = nullptr;
     ui::Grille* t2 = nullptr;
 
+    // Dossier neuf et exercice d'essai ouvert, sans écran.
+    void Preparer() {
+        support::RemettreServicesAZero();
+        dossier = std::make_unique<support::DossierEssai>();
+        OuvrirExercice(dossier->Chemin());
+    }
+    void Liberer() {
+        if (t2 && t2->EditionOuverte()) t2->AnnulerEdition();
+        t1 = t2 = nullptr;
+        e.reset();
+        FermerBase();
+        dossier.reset();
+    }
     void Ouvrir(const QString& journal, const QString& ligne = QString()) {
         ViderSaisie();
         Executer("UPDATE Constante SET DateSaisie='20240315'");

@@ -13,20 +13,13 @@ using namespace essai;
 
 class TestSaisDC : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
     EcranDC dc;
 
 private slots:
-    void init() {
-        support::RemettreServicesAZero();
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
-    }
+    void init() { dc.Preparer(); }
     void cleanup() {
         QCOMPARE(ui::ReponsesEnAttente(), 0);
-        dc.e.reset();
-        FermerBase();
-        dossier.reset();
+        dc.Liberer();
     }
 
     void choixDuJournal_messagesEtTresorerie() {

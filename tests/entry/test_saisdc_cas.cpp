@@ -12,24 +12,16 @@ using namespace essai;
 
 class TestSaisDCCas : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
     EcranDC dc;
 
     const QString desequilibre =
         QStringLiteral("La somme des débits n'égale pas la somme des crédits ! ");
 
 private slots:
-    void init() {
-        support::RemettreServicesAZero();
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
-    }
+    void init() { dc.Preparer(); }
     void cleanup() {
         QCOMPARE(ui::ReponsesEnAttente(), 0);
-        if (dc.t2 && dc.t2->EditionOuverte()) dc.t2->AnnulerEdition();
-        dc.e.reset();
-        FermerBase();
-        dossier.reset();
+        dc.Liberer();
     }
 
     void debitsSeuls_OKFerme() {

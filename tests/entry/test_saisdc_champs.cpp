@@ -13,7 +13,6 @@ using namespace essai;
 
 class TestSaisDCChamps : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
     EcranDC dc;
 
     void Ouvrir(const QString& journal) {
@@ -30,16 +29,10 @@ class TestSaisDCChamps : public QObject {
     }
 
 private slots:
-    void init() {
-        support::RemettreServicesAZero();
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
-    }
+    void init() { dc.Preparer(); }
     void cleanup() {
         QCOMPARE(ui::ReponsesEnAttente(), 0);
-        dc.e.reset();
-        FermerBase();
-        dossier.reset();
+        dc.Liberer();
     }
 
     void dateMalSaisie_messageEtRetourAuChamp() {
