@@ -66,6 +66,32 @@ private slots:
         QVERIFY(!frame2->isVisible());
     }
 
+    void doubleClicSurUnJournalPuisQuitter_toutLaChaineSeDecharge() {
+        Executer("UPDATE Constante SET DateSaisie='20240315'");
+        ecran::SaisDC s;
+        s.FixerDebutChaine(true);
+        QString titre;
+        support::PiloteModal pilote;
+        pilote
+            .Attendre("SaisDC",
+                      [](QWidget* f) {
+                          auto* o = f->findChild<QRadioButton*>("Option4");
+                          QTest::mouseDClick(o, Qt::LeftButton, Qt::NoModifier,
+                                             QPoint(8, o->height() / 2));
+                      })
+            .Attendre("SaisDC2", [&](QWidget* f) {
+                titre = f->windowTitle();
+                support::CliquerBouton(f, "Command5");
+            });
+        pilote.Demarrer();
+        s.exec();
+        QVERIFY2(pilote.AttendreFin(), qPrintable(pilote.Echec()));
+        QCOMPARE(titre,
+                 QStringLiteral("Saisie Débits / Crédits : Journal des opérations diverses"));
+        QVERIFY(s.Quitte());
+        QVERIFY(!s.Charge());
+    }
+
     void comptesParJournal_data() {
         QTest::addColumn<QString>("journal");
         QTest::addColumn<QString>("ligne");
