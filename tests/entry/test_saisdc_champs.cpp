@@ -118,6 +118,23 @@ private slots:
         QCOMPARE(Compter("SELECT COUNT(*) FROM wSaisie"), 0);
     }
 
+    void nouveauCompte_planPuisListeRelue() {
+        Ouvrir("D");
+        dc.Libelle(QStringLiteral("Essai"));
+        const int avant = dc.t1->NombreLignes();
+        support::PiloteModal pilote;
+        pilote.Attendre("Plan2", [](QWidget* f) {
+            // Un compte créé pendant le détour par le plan.
+            AssurerCompte(Cle, QStringLiteral("627"), QStringLiteral("Frais bancaires"), {}, {});
+            support::Fermer()(f);
+        });
+        pilote.Demarrer();
+        QTest::mouseClick(dc.Bouton("Command4"), Qt::LeftButton);
+        QVERIFY2(pilote.AttendreFin(), qPrintable(pilote.Echec()));
+        QCOMPARE(dc.t1->NombreLignes(), avant + 1);
+        QVERIFY(dc.t1->ChercherTexte(0, "627") >= 0);
+    }
+
     void detailSansCompte_messagePuisDetail() {
         Ouvrir("D");
         dc.Libelle(QStringLiteral("Essai"));
