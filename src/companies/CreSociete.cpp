@@ -231,7 +231,7 @@ void CreSociete::closeEvent(QCloseEvent* evenement) {
 }
 
 void CreSociete::Command3_Click() {
-    ui::AfficherAide(5);
+    ui::AfficherAide(3); // la page 5 est celle du plan comptable
 }
 
 void CreSociete::Command5_Click() {

@@ -299,11 +299,11 @@ private slots:
         QCOMPARE(ui::JournalBoites().size(), 2);
     }
 
-    void aide_contexte5() {
+    void aide_pageDeLaCreation() {
         auto e = Montrer(1);
         CliquerBouton(e.get(), "Command3");
         QCOMPARE(ui::JournalDialogues().size(), 1);
-        QCOMPARE(ui::JournalDialogues()[0].detail, QStringLiteral("5"));
+        QCOMPARE(ui::JournalDialogues()[0].detail, QStringLiteral("3"));
         QVERIFY(ui::JournalDialogues()[0].accepte);
     }
 
