@@ -1,5 +1,7 @@
 #include "chart/Prembil.h"
 
+#include "session/SaisieMontant.h"
+
 #include "chart/Filtre.h"
 #include "chart/GestionPlan.h"
 #include "chart/Ouverture.h"
@@ -27,29 +29,6 @@ Montant LireLabel(const QLabel* label) {
 }
 
 } // namespace
-
-bool SaisieMontantLisible(const QString& texte) {
-    QString t = texte.trimmed();
-    const QString symbole = session().SymboleMonnaie.trimmed();
-    if (!symbole.isEmpty() && t.endsWith(symbole)) t.chop(symbole.size());
-    int chiffres = 0;
-    bool signe = false, separateur = false;
-    for (const QChar c : t) {
-        if (EstChiffre(c)) {
-            ++chiffres;
-        } else if (EstBlanc(c)) {
-            continue;
-        } else if ((c == QLatin1Char('-') || c == QLatin1Char('+')) && !signe && chiffres == 0 &&
-                   !separateur) {
-            signe = true;
-        } else if ((c == QLatin1Char(',') || c == QLatin1Char('.')) && !separateur) {
-            separateur = true;
-        } else {
-            return false;
-        }
-    }
-    return chiffres > 0 && chiffres <= 15;
-}
 
 Prembil::Prembil(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Prembil>()) {
     ui->setupUi(this);
@@ -190,7 +169,7 @@ ui::Grille::Validation Prembil::ValiderCellule(const Cote& cote, int ligne, QStr
         return ui::Grille::Validation::GarderOuvert;
     }
     texte.replace(QLatin1Char('.'), QLatin1Char(','));
-    if (!SaisieMontantLisible(texte)) {
+    if (!MontantLisible(texte)) {
         ui::Boite(QStringLiteral("Votre saisie n'est pas correcte, recommencez"),
                   QStringLiteral("Maroval"), ui::Icone::Exclamation);
         texte = Affiche(Montant());

@@ -63,8 +63,4 @@ private:
     bool personalisationsSauvees = false;
 };
 
-// Vrai si le texte tapé se lit comme un montant : chiffres, blancs, un signe en tête, une
-// virgule ou un point, le symbole monétaire à la fin ; au moins un chiffre, quinze au plus.
-bool SaisieMontantLisible(const QString& texte);
-
 } // namespace ecran

@@ -3,6 +3,9 @@
 
 #include "entry/SaisDC2.h"
 
+#include "entry/Echeance.h"
+#include "session/SaisieMontant.h"
+
 #include "entry/SessionSaisie.h"
 #include "posting/PasserEcriture.h"
 #include "session/Session.h"
@@ -23,17 +26,14 @@ namespace {
 constexpr int ColonneDebit = 2;
 constexpr int ColonneCredit = 3;
 
-// Un montant tapé : chiffres, une virgule (ou un point) au plus, un signe devant ; les
-// blancs ne comptent pas. Vide vaut zéro.
+// Un montant tapé ; vide vaut zéro.
 bool LireMontantSaisi(const QString& texte, Montant& montant) {
     QString t = SansEspaces(texte);
     // Une cellule rouverte garde le texte montré, symbole de la monnaie compris.
     const QString symbole = SansEspaces(session().SymboleMonnaie);
     if (!symbole.isEmpty() && t.endsWith(symbole)) t.chop(symbole.size());
-    t.replace(u'.', u',');
     if (t.isEmpty()) t = QStringLiteral("0");
-    static const QRegularExpression forme(QStringLiteral("^[-+]?(\\d+(,\\d*)?|,\\d+)$"));
-    if (!forme.match(t).hasMatch()) return false;
+    if (!MontantLisible(t)) return false;
     montant = MontantDepuisTexte(t);
     return true;
 }
@@ -41,20 +41,6 @@ bool LireMontantSaisi(const QString& texte, Montant& montant) {
 Montant MontantCellule(const QString& texte) {
     const QString t = SansEspaces(texte);
     return MontantDepuisTexte(t.isEmpty() ? QStringLiteral("0") : t);
-}
-
-// Date d'écran en AAAAMMJJ, par positions (les '_' d'un masque vide restent).
-QString EnBase(const QString& jjmmaaaa) {
-    return jjmmaaaa.mid(6, 4) + jjmmaaaa.mid(3, 2) + jjmmaaaa.left(2);
-}
-
-// Echéance avant la date de saisie ou au-delà de trois mois.
-bool EcheanceDouteuse(const QString& echeance) {
-    const QString saisie = DateVersBase(session().DateSaisieCourante);
-    const QDate d = QDate::fromString(saisie, QStringLiteral("yyyyMMdd"));
-    const QString limite = d.addMonths(3).toString(QStringLiteral("yyyyMMdd"));
-    const QString e = EnBase(echeance);
-    return e < saisie || e > limite;
 }
 
 } // namespace
@@ -143,8 +129,8 @@ void SaisDC2::MajwSaisieDC(const QString& sens, const QString& montant, double w
                       "wMntEcr=?, wFin=0, wMoisEcheance=?, wLettrage=0, wSectionEcr=0, "
                       "wVentilEcr=0 WHERE rowid=?");
     u.bind(1, DateVersBase(session().DateSaisieCourante).toStdString());
-    u.bind(2, EnBase(ui::TexteDate(ui->Text1)).toStdString());
-    u.bind(3, EnBase(echeance).toStdString());
+    u.bind(2, DateVersBase(ui::TexteDate(ui->Text1)).toStdString());
+    u.bind(3, DateVersBase(echeance).toStdString());
     u.bind(4, sens.toStdString());
     u.bind(5, static_cast<std::int64_t>(m.dixMilliemes()));
     u.bind(6, echeance.mid(3, 2).toStdString());
@@ -184,10 +170,7 @@ void SaisDC2::Command1_Click() {
         return;
     }
     const QString echeance = ui::TexteDate(ui->Text3);
-    if (ui->Text3->isVisible() && echeance != ui::DateVide() && EcheanceDouteuse(echeance) &&
-        ui::Boite(QStringLiteral("Etes-vous certain de votre date d'échéance ?"),
-                  QStringLiteral("Confirmation"), ui::Icone::Question,
-                  ui::Boutons::OuiNon) == ui::Reponse::Non) {
+    if (ui->Text3->isVisible() && echeance != ui::DateVide() && !ConfirmerEcheance(echeance)) {
         ui->Text3->setFocus();
         return;
     }

@@ -1,5 +1,8 @@
 #include "entry/SaisQuad.h"
 
+#include "entry/Echeance.h"
+#include "session/SaisieMontant.h"
+
 #include "entry/SessionSaisie.h"
 #include "posting/PasserEcriture.h"
 #include "session/Montant.h"
@@ -32,18 +35,6 @@ const QString kTitre = QStringLiteral("Maroval");
 int RangDuCode(const QString& code) {
     static const QStringList codes = {"E1", "R1", "E2", "R2"};
     return codes.indexOf(code.trimmed());
-}
-
-// Un montant tapé, blancs ôtés et point changé en virgule : un nombre et rien d'autre.
-bool MontantConforme(const QString& texte) {
-    static const QRegularExpression forme(QStringLiteral("^[-+]?(\\d+(,\\d*)?|,\\d+)$"));
-    return forme.match(texte).hasMatch();
-}
-
-// Date du masque JJ/MM/AAAA prise par ses caractères 7, 4 et 1 : les blancs soulignés
-// d'un masque vide passent tels quels.
-QString DateMasqueVersBase(const QString& texte) {
-    return texte.mid(6, 4) + texte.mid(3, 2) + texte.mid(0, 2);
 }
 
 } // namespace
@@ -162,7 +153,7 @@ bool SaisQuad::Valider(ui::Grille* liste, int ligne, int colonne, QString& texte
         return false;
     }
     texte.replace(QLatin1Char('.'), QLatin1Char(','));
-    if (!MontantConforme(texte)) {
+    if (!MontantLisible(texte)) {
         ui::Boite(QStringLiteral("Votre saisie n'est pas conforme, Recommencez"), kTitre,
                   ui::Icone::Exclamation);
         texte = FormaterMontant(Montant(), session().FormatMontant);
@@ -196,7 +187,7 @@ void SaisQuad::MajwSaisieLog(const QString& montant, const QString& numero, doub
         r.wDateEcr = DateVersBase(session().DateSaisieCourante);
         r.wDatePiece = DateVersBase(ui::TexteDate(ui->Text1));
         const QString echeance = ui::TexteDate(ui->Text3);
-        r.wDateEcheance = DateMasqueVersBase(echeance);
+        r.wDateEcheance = DateVersBase(echeance);
         r.wMntEcr = MontantDepuisTexte(montant);
         const QString code = r.wErEcr.trimmed();
         const bool positif = r.wMntEcr > Montant();
@@ -234,19 +225,9 @@ void SaisQuad::Command1_Click() {
         return;
     }
     const QString echeance = ui::TexteDate(ui->Text3);
-    if (ui->Text3->isVisible() && echeance != ui::DateVide()) {
-        const QString ech = DateMasqueVersBase(echeance);
-        const QDate saisie = QDate::fromString(session().DateSaisieCourante, "dd/MM/yyyy");
-        const QString debut = DateVersBase(session().DateSaisieCourante);
-        const QString fin = saisie.addMonths(3).toString(QStringLiteral("yyyyMMdd"));
-        if (ech < debut || ech > fin) {
-            if (ui::Boite(QStringLiteral("Etes-vous certain de votre date d'échéance ?"),
-                          QStringLiteral("Confirmation"), ui::Icone::Question,
-                          ui::Boutons::OuiNon) == ui::Reponse::Non) {
-                ui->Text3->setFocus();
-                return;
-            }
-        }
+    if (ui->Text3->isVisible() && echeance != ui::DateVide() && !ConfirmerEcheance(echeance)) {
+        ui->Text3->setFocus();
+        return;
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     // Valeur liée : le libellé est rangé tel qu'il est tapé, guillemets compris.

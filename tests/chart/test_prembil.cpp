@@ -9,6 +9,7 @@
 #include "chart/GestionPlan.h"
 #include "chart/Prembil.h"
 #include "session/Reglages.h"
+#include "session/SaisieMontant.h"
 #include "ui/Aide.h"
 #include "ui/Application.h"
 #include "ui/Grille.h"
@@ -321,16 +322,16 @@ private slots:
     }
 
     void lecture_montantsLisibles() {
-        QVERIFY(ecran::SaisieMontantLisible("1 234,56"));
-        QVERIFY(ecran::SaisieMontantLisible("-12,5"));
-        QVERIFY(ecran::SaisieMontantLisible("1 500,00 E"));
-        QVERIFY(ecran::SaisieMontantLisible(",5"));
-        QVERIFY(!ecran::SaisieMontantLisible("abc"));
-        QVERIFY(!ecran::SaisieMontantLisible("12a"));
-        QVERIFY(!ecran::SaisieMontantLisible("1,2,3"));
-        QVERIFY(!ecran::SaisieMontantLisible("-"));
-        QVERIFY(!ecran::SaisieMontantLisible("12-"));
-        QVERIFY(!ecran::SaisieMontantLisible("1234567890123456"));
+        QVERIFY(MontantLisible("1 234,56"));
+        QVERIFY(MontantLisible("-12,5"));
+        QVERIFY(MontantLisible("1 500,00 E"));
+        QVERIFY(MontantLisible(",5"));
+        QVERIFY(!MontantLisible("abc"));
+        QVERIFY(!MontantLisible("12a"));
+        QVERIFY(!MontantLisible("1,2,3"));
+        QVERIFY(!MontantLisible("-"));
+        QVERIFY(!MontantLisible("12-"));
+        QVERIFY(!MontantLisible("1234567890123456"));
     }
 };
 
