@@ -19,6 +19,10 @@
 
 namespace essai {
 
+inline QString T(const char* texte) {
+    return QString::fromUtf8(texte);
+}
+
 // Livres préparés une fois (dans initTestCase) puis copiés dans le dossier de chaque essai.
 class BancConsultation {
 public:

@@ -16,14 +16,6 @@
 
 using namespace essai;
 
-namespace {
-
-QString T(const char* texte) {
-    return QString::fromUtf8(texte);
-}
-
-} // namespace
-
 class TestBalance : public QObject {
     Q_OBJECT
     BancConsultation banc;

@@ -14,10 +14,6 @@ using namespace essai;
 
 namespace {
 
-QString T(const char* texte) {
-    return QString::fromUtf8(texte);
-}
-
 const QString SousReserve = T("Résultat (sous réserve des écritures d'inventaire) :");
 
 } // namespace

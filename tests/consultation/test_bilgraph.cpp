@@ -16,10 +16,6 @@ using namespace essai;
 
 namespace {
 
-QString T(const char* texte) {
-    return QString::fromUtf8(texte);
-}
-
 // Totaux de l'exercice en euros entiers, écrits tels quels dans Constante.
 void Fixer(const QString& champs) {
     Base().exec(("UPDATE Constante SET " + champs).toStdString());

@@ -10,14 +10,6 @@
 
 using namespace essai;
 
-namespace {
-
-QString T(const char* texte) {
-    return QString::fromUtf8(texte);
-}
-
-} // namespace
-
 class TestConsult : public QObject {
     Q_OBJECT
     BancConsultation banc;

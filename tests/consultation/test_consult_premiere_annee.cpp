@@ -31,10 +31,6 @@ using support::PiloteModal;
 
 namespace {
 
-QString T(const char* texte) {
-    return QString::fromUtf8(texte);
-}
-
 bool ChoisirCompte(QWidget* e, const QString& numero) {
     auto* g = e->findChild<ui::Grille*>(QStringLiteral("Tree1"));
     for (int i = 0; i < g->NombreLignes(); ++i)

@@ -17,10 +17,6 @@ using namespace essai;
 
 namespace {
 
-QString T(const char* texte) {
-    return QString::fromUtf8(texte);
-}
-
 QStringList Vide() {
     return QStringList(8, QString());
 }
