@@ -4,6 +4,7 @@
 #include "backup/Backup.h"
 #include "backup/Restauration.h"
 #include "chart/Filtre.h"
+#include "posting/LivresEssai.h"
 #include "posting/PasserEcriture.h"
 #include "posting/Verification.h"
 #include "ui/Application.h"
@@ -17,7 +18,7 @@ using namespace banc;
 
 namespace {
 
-const QString Cle = QStringLiteral("012024");
+using essai::Cle;
 
 void OuvrirExerciceEssai() {
     Session& s = session();
@@ -43,31 +44,10 @@ void OuvrirExerciceEssai() {
 // Une transaction de deux lignes posée dans wSaisie puis passée par le moteur.
 void Passer(const QString& debit, const QString& credit, std::int64_t centimes,
             const QString& journal) {
-    Base().exec("DELETE FROM wSaisie");
-    for (const QString& numero : {debit, credit}) {
-        table::Compte c;
-        LireCompte(Cle, numero, c);
-        const QString dc = numero == debit ? QStringLiteral("D") : QStringLiteral("C");
-        table::Saisie s;
-        s.wDateEcr = s.wDatePiece = QStringLiteral("20240315");
-        s.wNumCpt = numero;
-        s.wErEcr = c.ErCpt;
-        s.wLibCpt = c.LibCpt;
-        s.wSolde = c.Solde;
-        s.wTiers = c.Tiers;
-        s.wBilan = c.Bilan;
-        s.wMenu = c.Menu;
-        s.wLibEcr = QStringLiteral("Pièce ") + journal;
-        const bool debitNaturel = c.ErCpt.startsWith(u'E');
-        const Montant m = Montant::depuisCentimes(centimes);
-        s.wMntEcr = (dc == QLatin1String("D")) == debitNaturel ? m : -m;
-        s.wDCEcr = dc;
-        s.wJournal = journal;
-        AjouterSaisie(s);
-    }
-    table::Constante k;
-    LireConstante(Cle, k);
-    PasserEcriture(QString::number(k.LastNumEcrit + 1), QStringLiteral("E"));
+    essai::ViderSaisie();
+    essai::Saisir(debit, QStringLiteral("D"), Montant::depuisCentimes(centimes), journal);
+    essai::Saisir(credit, QStringLiteral("C"), Montant::depuisCentimes(centimes), journal);
+    essai::Passer();
 }
 
 } // namespace
