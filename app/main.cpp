@@ -1,4 +1,4 @@
-#include "session/Demarrage.h"
+#include "companies/Demarrage.h"
 #include "ui/Application.h"
 
 int main(int argc, char** argv) {

@@ -1,6 +1,6 @@
 #include "Generateur.h"
 
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "posting/PasserEcriture.h"
 #include "session/Session.h"
 #include "store/Base.h"

@@ -6,8 +6,8 @@
 #include "Generateur.h"
 #include "entry/Annul.h"
 #include "entry/SaisDC2.h"
-#include "entry/SessionSaisie.h"
 #include "posting/Verification.h"
+#include "session/Session.h"
 #include "store/Base.h"
 #include "ui/Application.h"
 #include "ui/ChampDate.h"
@@ -48,7 +48,7 @@ void Captures(const QString& dossier) {
     annul.grab().save(dossier + QStringLiteral("/Annul.png"));
     annul.findChild<QPushButton*>("Command1")->click();
 
-    JournalSaisie() = QStringLiteral("V");
+    session().JournalSaisie = QStringLiteral("V");
     Base().exec("DELETE FROM wSaisie");
     ecran::SaisDC2 dc;
     dc.show();

@@ -6,8 +6,8 @@
 #include "Generateur.h"
 #include "entry/ChoixCpt.h"
 #include "entry/SaisQuad.h"
-#include "entry/SessionSaisie.h"
 #include "posting/Verification.h"
+#include "session/Session.h"
 #include "store/Base.h"
 #include "ui/Application.h"
 #include "ui/Grille.h"
@@ -59,8 +59,8 @@ int main(int argc, char** argv) {
     generateur::OuvrirGenere(dossier.path());
     std::printf("Base générée : %d lignes d'Ecriture en %.1f s\n", genere.lignes, genere.secondes);
 
-    CleMenuSaisie() = QStringLiteral("11");
-    EcriturePassee() = false;
+    session().CleMenuSaisie = QStringLiteral("11");
+    session().EcriturePassee = false;
     Base().exec("DELETE FROM wSaisie");
 
     QList<qint64> apresOK, ouvertureSaisQuad;

@@ -21,53 +21,11 @@
 #include <cstdint>
 #include <cstdio>
 
-#if __has_include("Generateur.h")
-#define GENERATEUR_LIVRE 1
 #include "Generateur.h"
-#endif
 
 namespace {
 
 constexpr int NombreLignes = 100000;
-
-// Sans le générateur des écritures : une société, un exercice, quelques comptes et les
-// lignes, par des insertions SQL simples.
-[[maybe_unused]] void RemplirBase() {
-    table::Societe s;
-    s.Nom = QStringLiteral("Mesure");
-    const int num = AjouterSociete(s);
-    const QString cle = CleExercice(num, 2024);
-    table::Constante c;
-    c.CleCon = cle;
-    c.DateDebut = QStringLiteral("20240101");
-    c.DateFin = QStringLiteral("20241231");
-    c.LastNumEcrit = NombreLignes;
-    AjouterConstante(c);
-    SQLite::Transaction t(Base());
-    SQLite::Statement q(Base(), "INSERT INTO Ecriture (CleCpt, NumEcr, DateEcr, DatePiece, "
-                                "NumCptEcr, ErEcr, MntEcr, LibEcr, DCEcr, Journal, Fin) "
-                                "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    const char* comptes[] = {"401", "411", "512", "607", "707", "44566"};
-    for (int i = 1; i <= NombreLignes; ++i) {
-        const QString date = QStringLiteral("2024%1%2")
-                                 .arg(1 + i % 12, 2, 10, QLatin1Char('0'))
-                                 .arg(1 + i % 28, 2, 10, QLatin1Char('0'));
-        q.bind(1, cle.toStdString());
-        q.bind(2, static_cast<double>(i));
-        q.bind(3, date.toStdString());
-        q.bind(4, date.toStdString());
-        q.bind(5, comptes[i % 6]);
-        q.bind(6, i % 2 ? "E2" : "R2");
-        q.bind(7, static_cast<std::int64_t>(i % 977) * 1234500);
-        q.bind(8, QStringLiteral("Facture %1 client %2").arg(i).arg(i % 313).toStdString());
-        q.bind(9, i % 2 ? "D" : "C");
-        q.bind(10, i % 5 ? "V" : "A");
-        q.bind(11, i % 2 == 0);
-        q.exec();
-        q.reset();
-    }
-    t.commit();
-}
 
 double Mo(qint64 octets) {
     return static_cast<double>(octets) / (1024.0 * 1024.0);
@@ -90,7 +48,6 @@ int main(int argc, char** argv) {
 
     QElapsedTimer chrono;
     chrono.start();
-#ifdef GENERATEUR_LIVRE
     generateur::Options options;
     options.dossier = donnees;
     options.lignesVisees = NombreLignes;
@@ -99,12 +56,6 @@ int main(int argc, char** argv) {
     session().DossierDonnees = donnees;
     std::printf("Base de %d lignes d'écriture (%d écritures) faite par le générateur en %lld ms\n",
                 r.lignes, r.ecritures, static_cast<long long>(chrono.elapsed()));
-#else
-    OuvrirBase(donnees);
-    RemplirBase();
-    std::printf("Base de %d lignes d'écriture faite en %lld ms (insertions SQL directes)\n",
-                NombreLignes, static_cast<long long>(chrono.elapsed()));
-#endif
 
     const QString archive = dossier.filePath(QStringLiteral("mesure.sav"));
     {

@@ -2,9 +2,9 @@
 // et le fichier de profil. Au-delà de l'absence de plantage, chaque routine doit tenir ce
 // qu'elle promet : une violation arrête le fuzzer.
 
+#include "base/Montant.h"
+#include "base/Texte.h"
 #include "session/FichierProfil.h"
-#include "session/Montant.h"
-#include "session/Texte.h"
 
 #include <QByteArray>
 #include <QList>

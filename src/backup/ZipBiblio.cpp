@@ -1,6 +1,6 @@
 #include "backup/ZipBiblio.h"
 
-#include "session/Durable.h"
+#include "base/Durable.h"
 
 #include "backup/ErreurSauvegarde.h"
 #include "session/Session.h"

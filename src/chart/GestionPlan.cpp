@@ -1,7 +1,7 @@
 #include "chart/GestionPlan.h"
 
-#include "chart/Filtre.h"
-#include "session/Valeur.h"
+#include "base/Valeur.h"
+#include "posting/Filtre.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"

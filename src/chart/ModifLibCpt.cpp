@@ -1,6 +1,5 @@
 #include "chart/ModifLibCpt.h"
 
-#include "chart/CompteChoisi.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -31,8 +30,8 @@ void ModifLibCpt::Form_Load() {
     }
     // Ouvert hors du plan : le compte choisi et son libellé rangé.
     table::Compte c;
-    ui->Label1->setText(CompteChoisi().trimmed());
-    if (LireCompte(CleCourante(), CompteChoisi().trimmed(), c))
+    ui->Label1->setText(session().CompteChoisi.trimmed());
+    if (LireCompte(CleCourante(), session().CompteChoisi.trimmed(), c))
         ui->EDlibelle->setText(c.LibCpt.trimmed());
 }
 

@@ -2,7 +2,7 @@
 // Bilan d'ouverture : les montants vont droit dans le solde de début des comptes et dans
 // les totaux d'ouverture de l'exercice ouvert, sans écriture.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 
 #include <QString>
 

@@ -1,14 +1,13 @@
 #include "chart/Plan2.h"
 
-#include "chart/CompteChoisi.h"
-#include "chart/Filtre.h"
+#include "base/Valeur.h"
 #include "chart/GestionPlan.h"
 #include "chart/ModifLibCpt.h"
 #include "chart/Prembil.h"
 #include "consultation/DetailCp.h"
+#include "posting/Filtre.h"
 #include "session/FichierProfil.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
@@ -446,7 +445,7 @@ void Plan2::Tree3_Click() {
 void Plan2::Tree3_DblClick() {
     const int ligne = ui->Tree3->LigneCourante();
     if (ligne < 0) return;
-    CompteChoisi() = ui->Tree3->DonneeLigne(ligne).toString();
+    session().CompteChoisi = ui->Tree3->DonneeLigne(ligne).toString();
     DetailCp detail(this);
     detail.exec();
 }
@@ -469,7 +468,7 @@ void Plan2::Command6_Click() {
 void Plan2::Command10_Click() {
     const int ligne = ui->Tree3->LigneCourante();
     if (ligne < 0) return;
-    CompteChoisi() = ui->Tree3->DonneeLigne(ligne).toString();
+    session().CompteChoisi = ui->Tree3->DonneeLigne(ligne).toString();
     ModifLibCpt modif(this);
     modif.exec();
 }

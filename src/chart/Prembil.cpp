@@ -2,16 +2,16 @@
 
 #include "session/SaisieMontant.h"
 
-#include "chart/Filtre.h"
+#include "base/Texte.h"
 #include "chart/GestionPlan.h"
 #include "chart/Ouverture.h"
-#include "companies/Personalisation.h"
+#include "posting/Filtre.h"
 #include "session/Session.h"
-#include "session/Texte.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
+#include "ui/Personalisation.h"
 #include "ui_Prembil.h"
 
 #include <QLineEdit>
@@ -61,7 +61,7 @@ Prembil::Prembil(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     connect(ui->Command2, &QPushButton::clicked, this, &Prembil::Command2_Click);
     connect(ui->Command3, &QPushButton::clicked, this, &Prembil::Command3_Click);
     connect(ui->Command4, &QPushButton::clicked, this, &Prembil::Command4_Click);
-    RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2});
+    ui::RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2});
     Form_Load();
 }
 
@@ -237,7 +237,7 @@ void Prembil::Command4_Click() {
 }
 
 void Prembil::SauverPersonalisations() {
-    ecran::SauverPersonalisations(this, {ui->Tree1, ui->Tree2});
+    ui::SauverPersonalisations(this, {ui->Tree1, ui->Tree2});
 }
 
 void Prembil::done(int resultat) {

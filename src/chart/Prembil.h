@@ -3,7 +3,7 @@
 // solde de début tapé dans la liste. Chaque montant validé va droit dans le compte et les
 // totaux de l'exercice ; la clôture, possible quand les deux côtés s'égalent, est définitive.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "ui/EcranModal.h"
 #include "ui/Grille.h"
 

@@ -1,6 +1,6 @@
 #include "companies/APropos.h"
 
-#include "companies/OuvertureEcrans.h"
+#include "posting/Verification.h"
 #include "session/Session.h"
 #include "ui/Boite.h"
 #include "ui/Dialogues.h"
@@ -9,31 +9,18 @@
 #include <QDir>
 #include <QKeyEvent>
 
-#if __has_include("posting/Verification.h")
-#include "posting/Verification.h"
-#define MAROVAL_VERIFICATION_LIVREE 1
-#endif
-
 namespace ecran {
 
 namespace {
 
-std::optional<APropos::Verificateur>& VerificationFixee() {
-    static std::optional<APropos::Verificateur> v;
+APropos::Verificateur& VerificationFixee() {
+    static APropos::Verificateur v;
     return v;
 }
 
 } // namespace
 
-APropos::Verificateur APropos::VerificationLivree() {
-#ifdef MAROVAL_VERIFICATION_LIVREE
-    return [] { return static_cast<bool>(Verification()); };
-#else
-    return {};
-#endif
-}
-
-void APropos::FixerVerification(std::optional<Verificateur> verification) {
+void APropos::FixerVerification(Verificateur verification) {
     VerificationFixee() = std::move(verification);
 }
 
@@ -65,19 +52,15 @@ bool APropos::eventFilter(QObject* objet, QEvent* evenement) {
 }
 
 void APropos::Command1_KeyDown(int cle, int modificateurs) {
-    // Porte de maintenance, écrite nulle part à l'écran : voulu ainsi.
+    // Porte de maintenance : elle n'est pas pour l'utilisateur, rien ne la montre à l'écran.
     if (cle != Qt::Key_V || !(modificateurs & Qt::ControlModifier)) return;
     if (ui::Boite(QStringLiteral("Voulez-vous lancer la fonction de vérification de la "
                                  "comptabilité ?"),
                   QStringLiteral("Maroval"), ui::Icone::Question,
                   ui::Boutons::OuiNon) != ui::Reponse::Oui)
         return;
-    const Verificateur verifier = VerificationFixee() ? *VerificationFixee() : VerificationLivree();
-    if (!verifier) {
-        ui::Boite(TexteEcranAbsent(), QStringLiteral("Maroval"), ui::Icone::Information);
-        return;
-    }
-    const bool correcte = verifier();
+    const bool correcte =
+        VerificationFixee() ? VerificationFixee()() : static_cast<bool>(Verification());
     const QString resultat = correcte ? QStringLiteral("La vérification est correcte")
                                       : QStringLiteral("Erreur dans la vérification");
     if (ui::Boite(resultat + QStringLiteral("\n\nVoulez-vous afficher le texte de la "

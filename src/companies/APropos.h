@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace Ui {
 class APropos;
@@ -20,12 +19,10 @@ public:
     explicit APropos(QWidget* parent = nullptr);
     ~APropos() override;
 
-    // La vérification des livres ; vide tant que le moteur d'écriture ne la livre pas.
+    // Pour les tests : une autre vérification des livres ; une fonction vide rend celle du
+    // moteur d'écriture.
     using Verificateur = std::function<bool()>;
-    static Verificateur VerificationLivree();
-    // Pour les tests : une autre vérification ; une fonction vide fait comme si le moteur ne
-    // la livrait pas, rien (nullopt) rend celle du moteur.
-    static void FixerVerification(std::optional<Verificateur> verification);
+    static void FixerVerification(Verificateur verification);
 
 public slots:
     void Form_Load();

@@ -1,10 +1,10 @@
 #include "companies/CreSociete.h"
 
+#include "base/Valeur.h"
 #include "companies/Exercices.h"
 #include "companies/OuvertureEcrans.h"
 #include "companies/Restauration.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"

@@ -1,11 +1,10 @@
 #include "companies/Options.h"
 
-#include "companies/Personalisation.h"
+#include "base/Reglages.h"
+#include "base/Texte.h"
+#include "base/Valeur.h"
 #include "session/FichierProfil.h"
-#include "session/Reglages.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "session/Valeur.h"
 #include "ui/Boite.h"
 #include "ui_Options.h"
 
@@ -75,6 +74,21 @@ void Options::Command1_Click() {
 
 void Options::Command2_Click() {
     Retour();
+}
+
+QStringList SectionsFenetres() {
+    return {QStringLiteral("BalanceForm"),  QStringLiteral("BalanceTree1"),
+            QStringLiteral("BilanForm"),    QStringLiteral("BilanTree1"),
+            QStringLiteral("BilanTree2"),   QStringLiteral("JournalForm"),
+            QStringLiteral("JournalTree1"), QStringLiteral("PrembilForm"),
+            QStringLiteral("PrembilTree1"), QStringLiteral("PrembilTree2"),
+            QStringLiteral("ResultatForm"), QStringLiteral("ResultatTree1"),
+            QStringLiteral("ResultatTree2")};
+}
+
+void ReinitialiserFenetres() {
+    for (const QString& section : SectionsFenetres())
+        EffacerReglage(section);
 }
 
 void Options::Command3_Click() {

@@ -4,6 +4,7 @@
 
 #include "ui/EcranModal.h"
 
+#include <QStringList>
 #include <memory>
 
 namespace Ui {
@@ -31,5 +32,11 @@ private:
 // Nombre écrit comme on l'attend d'un nombre de décimales : signe, chiffres, une virgule
 // ou un point au plus, blancs aux bouts admis.
 bool EstNumerique(const QString& texte);
+
+// Les sections des écrans qui se souviennent de leur taille et des largeurs de leurs
+// grilles (voir ui/Personalisation.h).
+QStringList SectionsFenetres();
+// Efface ces sections (une section absente ne gêne pas).
+void ReinitialiserFenetres();
 
 } // namespace ecran

@@ -1,7 +1,7 @@
 #pragma once
-// Ouverture des écrans des autres modules par leur nom. Un écran entre dans le programme
-// dès que son module le livre ; d'ici là, l'entrée de menu qui le demande prévient
-// l'utilisateur au lieu de ne rien faire.
+// Ouverture des écrans des autres modules depuis l'écran principal : une table explicite
+// du nom de chaque écran livré vers l'ouverture de son type. Un écran pas encore livré n'y
+// est pas : l'entrée de menu qui le demande prévient l'utilisateur au lieu de ne rien faire.
 
 #include <QString>
 #include <functional>

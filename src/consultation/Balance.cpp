@@ -1,13 +1,12 @@
 #include "consultation/Balance.h"
 
-#include "chart/CompteChoisi.h"
-#include "companies/BoiteAide.h"
-#include "companies/Personalisation.h"
 #include "consultation/DetailCp.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
+#include "ui/BoiteAide.h"
+#include "ui/Personalisation.h"
 #include "ui_Balance.h"
 
 #include <QHeaderView>
@@ -48,7 +47,7 @@ Balance::Balance(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     ui->setupUi(this);
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);
-    auto* aide = new BoiteAide(ui->CadreAide);
+    auto* aide = new ui::BoiteAide(ui->CadreAide);
     aide->setObjectName(QStringLiteral("BoiteAide1"));
     ui->CadreAide->layout()->addWidget(aide);
     ui->Tree1->FixerColonnes(TitresBalance());
@@ -74,10 +73,10 @@ Balance::Balance(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
 Balance::~Balance() = default;
 
 void Balance::Form_Load() {
-    RestaurerPersonalisations(this, {ui->Tree1});
+    ui::RestaurerPersonalisations(this, {ui->Tree1});
     for (int c = 0; c < 7; ++c)
         ui->Tree2->FixerLargeurColonne(c, ui->Tree1->LargeurColonne(c));
-    if (auto* aide = findChild<BoiteAide*>(QStringLiteral("BoiteAide1")))
+    if (auto* aide = findChild<ui::BoiteAide*>(QStringLiteral("BoiteAide1")))
         aide->FixerMessageAide(texteAide);
     Montant debits, credits, soldesDebit, soldesCredit;
     QString condition, collectif, nom;
@@ -218,7 +217,8 @@ void Balance::Command3_Click() {
 
 void Balance::Tree1_DblClick() {
     const int ligne = ui->Tree1->LigneCourante();
-    CompteChoisi() = (ligne >= 0 ? ui->Tree1->Texte(ligne, 0) : QString()).left(8).trimmed();
+    session().CompteChoisi =
+        (ligne >= 0 ? ui->Tree1->Texte(ligne, 0) : QString()).left(8).trimmed();
     DetailCp detail(this);
     detail.exec();
 }
@@ -232,7 +232,7 @@ void Balance::Command1_Click() {
 }
 
 void Balance::SauverPersonalisations() {
-    ecran::SauverPersonalisations(this, {ui->Tree1});
+    ui::SauverPersonalisations(this, {ui->Tree1});
 }
 
 void Balance::done(int resultat) {

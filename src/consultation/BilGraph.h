@@ -3,7 +3,7 @@
 // hauteur, pour qu'un débutant voie d'où vient son patrimoine et ce que son activité a
 // rapporté. Tiré des totaux courants de Constante.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "ui/EcranModal.h"
 
 #include <memory>

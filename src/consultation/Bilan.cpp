@@ -1,14 +1,13 @@
 #include "consultation/Bilan.h"
 
-#include "chart/CompteChoisi.h"
-#include "companies/BoiteAide.h"
-#include "companies/Personalisation.h"
 #include "consultation/DetailCp.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
+#include "ui/BoiteAide.h"
 #include "ui/Grille.h"
+#include "ui/Personalisation.h"
 #include "ui_Bilan.h"
 
 #include <QEvent>
@@ -36,7 +35,7 @@ void DeuxListes::Demarrer() {
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);
     auto* cadre = findChild<QWidget*>(QStringLiteral("CadreAide"));
-    auto* aide = new BoiteAide(cadre);
+    auto* aide = new ui::BoiteAide(cadre);
     aide->setObjectName(QStringLiteral("BoiteAide1"));
     cadre->layout()->addWidget(aide);
     for (ui::Grille* g : {G("Tree1"), G("Tree2")}) {
@@ -82,11 +81,11 @@ Montant DeuxListes::Remplir(ui::Grille* grille, const QString& condition) {
 }
 
 void DeuxListes::Form_Load() {
-    if (auto* aide = findChild<BoiteAide*>(QStringLiteral("BoiteAide1")))
+    if (auto* aide = findChild<ui::BoiteAide*>(QStringLiteral("BoiteAide1")))
         aide->FixerMessageAide(QStringLiteral(
             "Double-cliquez sur un compte pour le consulter.|Vous pouvez changer la taille de "
             "cet écran."));
-    RestaurerPersonalisations(this, {G("Tree1"), G("Tree2")});
+    ui::RestaurerPersonalisations(this, {G("Tree1"), G("Tree2")});
     const QString& image = session().FormatMontant;
     const Montant gauche = Remplir(G("Tree1"), genre.conditionGauche);
     L("Label3")->setText(FormaterMontant(gauche, image));
@@ -100,7 +99,7 @@ void DeuxListes::Form_Load() {
 
 void DeuxListes::Consulter(ui::Grille* grille) {
     const int ligne = grille->LigneCourante();
-    CompteChoisi() = (ligne >= 0 ? grille->Texte(ligne, 0) : QString()).left(8).trimmed();
+    session().CompteChoisi = (ligne >= 0 ? grille->Texte(ligne, 0) : QString()).left(8).trimmed();
     DetailCp detail(this);
     detail.exec();
 }
@@ -162,7 +161,7 @@ void DeuxListes::Command4_Click() {
 }
 
 void DeuxListes::SauverPersonalisations() {
-    ecran::SauverPersonalisations(this, {G("Tree1"), G("Tree2")});
+    ui::SauverPersonalisations(this, {G("Tree1"), G("Tree2")});
 }
 
 void DeuxListes::done(int resultat) {

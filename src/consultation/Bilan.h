@@ -3,7 +3,7 @@
 // Compte, leurs totaux et le résultat, le détail d'un compte au double clic, l'export.
 // Les deux écrans sont de la même facture : DeuxListes porte ce qu'ils partagent.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "ui/EcranModal.h"
 
 #include <memory>

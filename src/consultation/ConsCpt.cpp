@@ -1,13 +1,13 @@
 #include "consultation/ConsCpt.h"
 
-#include "companies/BoiteAide.h"
-#include "companies/Personalisation.h"
 #include "consultation/Export.h"
 #include "consultation/LignesCompte.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"
+#include "ui/BoiteAide.h"
+#include "ui/Personalisation.h"
 #include "ui_ConsCpt.h"
 
 #include <optional>
@@ -33,7 +33,7 @@ ConsCpt::ConsCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     // Entrée dans un champ ne doit actionner aucun bouton, même avant exec().
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);
-    auto* aide = new BoiteAide(ui->CadreAide);
+    auto* aide = new ui::BoiteAide(ui->CadreAide);
     aide->setObjectName(QStringLiteral("BoiteAide1"));
     ui->CadreAide->layout()->addWidget(aide);
     ui->Tree1->FixerColonnes(
@@ -69,9 +69,9 @@ ConsCpt::ConsCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
 ConsCpt::~ConsCpt() = default;
 
 void ConsCpt::Form_Load() {
-    if (auto* aide = findChild<BoiteAide*>(QStringLiteral("BoiteAide1")))
+    if (auto* aide = findChild<ui::BoiteAide*>(QStringLiteral("BoiteAide1")))
         aide->FixerMessageAide(texteAide);
-    RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2, ui->Tree3});
+    ui::RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2, ui->Tree3});
     ui->Tree1->setUpdatesEnabled(false);
     SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt, Solde FROM Compte WHERE CleCpt=? "
                                 "ORDER BY rowid");

@@ -3,7 +3,7 @@
 // d'un mois (le solde part de celui d'avant le mois) ou ses douze cumuls mensuels, et
 // l'export de ce qui est montré.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "ui/EcranModal.h"
 
 #include <memory>

@@ -1,6 +1,5 @@
 #include "consultation/DetailCp.h"
 
-#include "chart/CompteChoisi.h"
 #include "consultation/Export.h"
 #include "consultation/LignesCompte.h"
 #include "session/Session.h"
@@ -23,7 +22,7 @@ DetailCp::DetailCp(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
 DetailCp::~DetailCp() = default;
 
 void DetailCp::Form_Load() {
-    numero = CompteChoisi().trimmed();
+    numero = session().CompteChoisi.trimmed();
     table::Compte c;
     LireCompte(CleCourante(), numero, c);
     const QString libelle = c.LibCpt.trimmed();

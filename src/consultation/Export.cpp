@@ -81,8 +81,8 @@ QString NombreLocal(Montant montant) {
 FichierCsv::FichierCsv(const QString& chemin, const QString& separateur_)
     : fichier(chemin), separateur(separateur_) {
     if (!fichier.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        ui::LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
-                                     .arg(chemin, fichier.errorString()));
+        LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
+                                 .arg(chemin, fichier.errorString()));
     Ecrire(QByteArray("\xEF\xBB\xBF"));
 }
 
@@ -101,15 +101,15 @@ void FichierCsv::EcrireLigne(const QStringList& champs, bool guillemets) {
 void FichierCsv::Fermer() {
     if (!fichier.isOpen()) return;
     if (!fichier.flush())
-        ui::LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
-                                     .arg(fichier.fileName(), fichier.errorString()));
+        LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
+                                 .arg(fichier.fileName(), fichier.errorString()));
     fichier.close();
 }
 
 void FichierCsv::Ecrire(const QByteArray& octets) {
     if (fichier.write(octets) != octets.size())
-        ui::LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
-                                     .arg(fichier.fileName(), fichier.errorString()));
+        LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
+                                 .arg(fichier.fileName(), fichier.errorString()));
 }
 
 QString ChoisirFichierExport(const QString& nomParDefaut) {

@@ -4,7 +4,7 @@
 // liste du système, aucune protection des guillemets ni du séparateur), puis proposition
 // d'ouvrir le fichier avec le programme que le système lui associe.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 
 #include <QFile>
 #include <QString>

@@ -1,12 +1,12 @@
 #include "consultation/Journal.h"
 
-#include "companies/Personalisation.h"
+#include "base/Texte.h"
+#include "consultation/DonneesJournal.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "store/Base.h"
 #include "ui/Boite.h"
 #include "ui/Horloge.h"
+#include "ui/Personalisation.h"
 #include "ui_Journal.h"
 
 #include <optional>
@@ -28,10 +28,7 @@ Journal::Journal(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     ui->BRGeneral->setObjectName(QStringLiteral("BRGénéral"));
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);
-    ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Date Saisie"),
-                              QStringLiteral("Date Pièce"), QStringLiteral("Libellé"),
-                              QStringLiteral("Compte"), QStringLiteral("Débit"),
-                              QStringLiteral("Crédit"), QString()});
+    ui->Tree1->FixerColonnes(journal::Titres());
     const int largeurs[] = {60, 85, 85, 260, 80, 110, 110, 30};
     for (int c = 0; c < 8; ++c)
         ui->Tree1->FixerLargeurColonne(c, largeurs[c]);
@@ -39,7 +36,7 @@ Journal::Journal(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
         ui->Combo1->addItem(NomMois(m));
     ui->Gauge1->hide();
     ui->Command3->setEnabled(false);
-    RestaurerPersonalisations(this, {ui->Tree1});
+    ui::RestaurerPersonalisations(this, {ui->Tree1});
 
     connect(ui->Command1, &QPushButton::clicked, this, &Journal::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Journal::Command2_Click);
@@ -136,28 +133,12 @@ void Journal::AffJournal(const QString& Code, const QString& Fichier, const QStr
     std::optional<FichierCsv> fichier;
     if (!ecran) {
         fichier.emplace(Fichier, Separateur);
-        fichier->EcrireTitres({QStringLiteral("Numéro"), QStringLiteral("Date Saisie"),
-                               QStringLiteral("Date Pièce"), QStringLiteral("Libellé"),
-                               QStringLiteral("Compte"), QStringLiteral("Débit"),
-                               QStringLiteral("Crédit"), QStringLiteral("Journal")});
+        fichier->EcrireTitres(journal::Titres(QStringLiteral("Journal")));
     } else {
         ui->Tree1->Vider();
         ui->Gauge1->show();
     }
-    const QString filtre =
-        Code == QLatin1String("*") ? QString() : QStringLiteral(" AND Journal=?");
-    SQLite::Statement nombre(
-        Base(), ("SELECT COUNT(*) FROM Ecriture WHERE CleCpt=?" + filtre).toStdString());
-    SQLite::Statement q(Base(), ("SELECT NumEcr, DateEcr, DatePiece, LibEcr, NumCptEcr, MntEcr, "
-                                 "DCEcr, Journal, Fin FROM Ecriture WHERE CleCpt=?" +
-                                 filtre + " ORDER BY NumEcr" + (decroissant ? " DESC" : ""))
-                                    .toStdString());
-    for (SQLite::Statement* s : {&nombre, &q}) {
-        s->bind(1, CleCourante().toStdString());
-        if (!filtre.isEmpty()) s->bind(2, Code.toStdString());
-    }
-    nombre.executeStep();
-    const int total = nombre.getColumn(0).getInt();
+    const int total = journal::NombreLignes(Code);
     if (total == 0) {
         ui->Gauge1->hide();
         return;
@@ -172,42 +153,28 @@ void Journal::AffJournal(const QString& Code, const QString& Fichier, const QStr
         ui->Tree1->setUpdatesEnabled(false);
         elements.reserve(total + total / 2);
     }
-    const auto ligneVide = [&] { elements.append(new QTreeWidgetItem(QStringList(8, QString()))); };
+    const QStringList vide(journal::Titres().size(), QString());
     Montant debits, credits;
     int lu = 0;
-    while (q.executeStep()) {
+    journal::LireLignes(Code, decroissant, [&](const journal::Ligne& l) {
         ui->Gauge1->setValue(++lu);
-        const QString dateEcr = QString::fromUtf8(q.getColumn(1).getText());
-        const QString datePiece = QString::fromUtf8(q.getColumn(2).getText());
-        if (mensuel && (colonneDate == 2 ? datePiece : dateEcr).mid(4, 2) != mois) continue;
-        const double numero = q.getColumn(0).getDouble();
-        const QString libelle = QString::fromUtf8(q.getColumn(3).getText()).trimmed();
-        const QString compte = QString::fromUtf8(q.getColumn(4).getText()).trimmed();
-        const Montant montant = Montant::depuisDixMilliemes(q.getColumn(5).getInt64());
-        const bool debit =
-            QString::fromUtf8(q.getColumn(6).getText()).trimmed() == QLatin1String("D");
-        const QString journal = QString::fromUtf8(q.getColumn(7).getText()).trimmed();
-        const bool fin = q.getColumn(8).getInt() != 0;
+        if (mensuel && (colonneDate == 2 ? l.datePiece : l.dateEcr).mid(4, 2) != mois) return;
         if (!ecran) {
-            const QString m = NombreLocal(montant);
-            fichier->EcrireLigne({NombreSimple(numero), DateVersEcran(dateEcr),
-                                  DateVersEcran(datePiece), libelle, compte, debit ? m : QString(),
-                                  debit ? QString() : m, journal},
-                                 true);
-            continue;
+            QStringList textes = journal::Textes(l, NombreLocal(l.montant));
+            // Le numéro s'exporte comme les autres nombres (espace devant un positif).
+            textes[0] = NombreSimple(l.numero);
+            fichier->EcrireLigne(textes, true);
+            return;
         }
         // En ordre décroissant une écriture commence par sa ligne de fin.
-        if (decroissant && fin && !elements.isEmpty()) ligneVide();
-        const QString m = FormaterMontant(montant, image);
-        (debit ? debits : credits) += montant.abs();
-        auto* e = new QTreeWidgetItem(QStringList{
-            QString::number(numero, 'g', 15), DateVersEcran(dateEcr), DateVersEcran(datePiece),
-            libelle, compte, debit ? m : QString(), debit ? QString() : m, journal});
+        if (decroissant && l.fin && !elements.isEmpty()) elements.append(new QTreeWidgetItem(vide));
+        (l.debit ? debits : credits) += l.montant.abs();
+        auto* e = new QTreeWidgetItem(journal::Textes(l, FormaterMontant(l.montant, image)));
         for (int c : {0, 5, 6})
             e->setTextAlignment(c, droite);
         elements.append(e);
-        if (!decroissant && fin) ligneVide();
-    }
+        if (!decroissant && l.fin) elements.append(new QTreeWidgetItem(vide));
+    });
     if (ecran) {
         ui->Tree1->addTopLevelItems(elements);
         ui->Label1->setText(FormaterMontant(debits, image));
@@ -236,7 +203,7 @@ void Journal::Command1_Click() {
 }
 
 void Journal::SauverPersonalisations() {
-    ecran::SauverPersonalisations(this, {ui->Tree1});
+    ui::SauverPersonalisations(this, {ui->Tree1});
 }
 
 void Journal::done(int resultat) {

@@ -1,9 +1,9 @@
 #include "consultation/LignesCompte.h"
 
+#include "base/Texte.h"
+#include "base/Valeur.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "session/Valeur.h"
 #include "store/Base.h"
 #include "ui/Grille.h"
 

@@ -3,7 +3,7 @@
 // depuis le solde de début : ce que montrent et exportent la consultation d'un compte et
 // son détail.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,9 +1,8 @@
 #include "entry/AffJournal.h"
 
-#include "session/Montant.h"
+#include "base/Montant.h"
+#include "consultation/DonneesJournal.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "store/Base.h"
 #include "ui/Boite.h"
 #include "ui/Grille.h"
 
@@ -21,46 +20,23 @@ constexpr int ColonneJournal = 7;
 // Lignes ajoutées d'un coup entre deux rafraîchissements de la jauge.
 constexpr int TailleLot = 2000;
 
-const char* const ColonnesEcriture =
-    "SELECT NumEcr, DateEcr, DatePiece, LibEcr, NumCptEcr, MntEcr, DCEcr, Journal, Fin "
-    "FROM Ecriture WHERE CleCpt=?";
-
-QString Colonne(SQLite::Statement& q, int i) {
-    return QString::fromUtf8(q.getColumn(i).getText());
-}
-
-QString Numero(double n) {
-    return QString::number(static_cast<qint64>(n));
-}
-
 QTreeWidgetItem* Element(const QStringList& textes, std::int32_t donnee) {
     auto* e = new QTreeWidgetItem(textes);
     e->setData(0, Qt::UserRole, donnee);
     return e;
 }
 
-QTreeWidgetItem* ElementEcriture(SQLite::Statement& q) {
-    const Montant m = Montant::depuisDixMilliemes(q.getColumn(5).getInt64());
-    const double numero = q.getColumn(0).getDouble();
-    return Element(TextesLigneJournal(Numero(numero), Colonne(q, 1), Colonne(q, 2), Colonne(q, 3),
-                                      Colonne(q, 4), FormaterMontant(m, session().FormatMontant),
-                                      Colonne(q, 6) == QLatin1String("D"), Colonne(q, 7)),
-                   static_cast<std::int32_t>(numero));
+QTreeWidgetItem* ElementEcriture(const journal::Ligne& l) {
+    return Element(journal::Textes(l, FormaterMontant(l.montant, session().FormatMontant)),
+                   static_cast<std::int32_t>(l.numero));
 }
 
 } // namespace
 
-QStringList TitresJournalEcritures() {
-    return {QStringLiteral("Numéro"),     QStringLiteral("Date Saisie"),
-            QStringLiteral("Date Pièce"), QStringLiteral("Libellé"),
-            QStringLiteral("Compte"),     QStringLiteral("Débit"),
-            QStringLiteral("Crédit"),     QString()};
-}
-
 void PreparerListesJournal(ui::Grille* tree1, ui::Grille* tree2) {
     const QList<int> largeurs{60, 80, 80, 220, 80, 100, 100};
     for (ui::Grille* g : {tree1, tree2}) {
-        g->FixerColonnes(TitresJournalEcritures());
+        g->FixerColonnes(journal::Titres());
         for (int c = 0; c < largeurs.size(); ++c)
             g->FixerLargeurColonne(c, largeurs[c]);
         g->setColumnHidden(ColonneJournal, true);
@@ -69,61 +45,32 @@ void PreparerListesJournal(ui::Grille* tree1, ui::Grille* tree2) {
     }
 }
 
-QStringList TextesLigneJournal(const QString& numero, const QString& dateEcr,
-                               const QString& datePiece, const QString& libelle,
-                               const QString& compte, const QString& montantAffiche, bool debit,
-                               const QString& journal) {
-    return {numero,
-            DateVersEcran(dateEcr),
-            DateVersEcran(datePiece),
-            libelle,
-            compte,
-            debit ? montantAffiche : QString(),
-            debit ? QString() : montantAffiche,
-            journal};
-}
-
 void AffJournal(QWidget* ecran, ui::Grille* tree1, ui::Grille* tree2, QProgressBar* gauge1,
-                const QString& journal) {
+                const QString& code) {
     tree1->Vider();
     tree2->Vider();
     ecran->setCursor(Qt::WaitCursor);
-    const std::string cle = CleCourante().toStdString();
-    const bool tous = journal == QLatin1String("*");
-    const std::string filtre = tous ? std::string() : " AND Journal=?";
-
-    int total = 0;
-    {
-        SQLite::Statement n(Base(), "SELECT COUNT(*) FROM Ecriture WHERE CleCpt=?" + filtre);
-        n.bind(1, cle);
-        if (!tous) n.bind(2, journal.toStdString());
-        if (n.executeStep()) total = n.getColumn(0).getInt();
-    }
+    const int total = journal::NombreLignes(code);
     gauge1->setRange(0, qMax(total, 1));
     gauge1->setValue(0);
     gauge1->setVisible(true);
     // La liste reste fermée aux clics tant qu'elle se remplit ; le reste de l'écran répond.
     tree1->setEnabled(false);
 
-    SQLite::Statement q(Base(), ColonnesEcriture + filtre + " ORDER BY NumEcr DESC");
-    q.bind(1, cle);
-    if (!tous) q.bind(2, journal.toStdString());
     QList<QTreeWidgetItem*> lot;
     int lues = 0;
-    bool vide = true;
-    while (q.executeStep()) {
-        if (q.getColumn(8).getInt() != 0 && !vide)
-            lot << Element(QStringList(TitresJournalEcritures().size(), QString()),
-                           LigneSeparatrice);
-        lot << ElementEcriture(q);
-        vide = false;
+    const QStringList vide(journal::Titres().size(), QString());
+    journal::LireLignes(code, true, [&](const journal::Ligne& l) {
+        // Du plus récent au plus ancien : une écriture commence par sa ligne de fin.
+        if (l.fin && lues > 0) lot << Element(vide, LigneSeparatrice);
+        lot << ElementEcriture(l);
         if (++lues % TailleLot == 0) {
             tree1->addTopLevelItems(lot);
             lot.clear();
             gauge1->setValue(lues);
             QApplication::processEvents();
         }
-    }
+    });
     tree1->addTopLevelItems(lot);
     tree1->setEnabled(true);
     gauge1->setValue(lues);
@@ -132,12 +79,8 @@ void AffJournal(QWidget* ecran, ui::Grille* tree1, ui::Grille* tree2, QProgressB
 }
 
 bool FinEcr(std::int32_t numero) {
-    if (numero == 0) return true;
-    auto& q = Requete("SELECT Fin FROM Ecriture WHERE CleCpt=? AND NumEcr=?");
-    q.bind(1, CleCourante().toStdString());
-    q.bind(2, static_cast<double>(numero));
-    // Un numéro sans ligne arrête la recherche comme une fin de groupe.
-    return !q.executeStep() || q.getColumn(0).getInt() != 0;
+    // Le début du journal arrête la recherche comme une fin de groupe.
+    return numero == 0 || journal::MarqueFin(numero);
 }
 
 bool TrouverGroupe(std::int32_t p, std::int32_t& debut, std::int32_t& fin) {
@@ -159,14 +102,9 @@ bool TrouverGroupe(std::int32_t p, std::int32_t& debut, std::int32_t& fin) {
 
 void AffGroupe(ui::Grille* tree2, std::int32_t debut, std::int32_t fin) {
     tree2->Vider();
-    SQLite::Statement q(Base(), std::string(ColonnesEcriture) +
-                                    " AND NumEcr>=? AND NumEcr<=? ORDER BY NumEcr");
-    q.bind(1, CleCourante().toStdString());
-    q.bind(2, static_cast<double>(debut));
-    q.bind(3, static_cast<double>(fin));
     QList<QTreeWidgetItem*> lignes;
-    while (q.executeStep())
-        lignes << ElementEcriture(q);
+    journal::LireLignesDe(debut, fin,
+                          [&](const journal::Ligne& l) { lignes << ElementEcriture(l); });
     tree2->addTopLevelItems(lignes);
 }
 

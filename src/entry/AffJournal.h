@@ -17,16 +17,9 @@ namespace ui {
 class Grille;
 }
 
-namespace table {
-struct Ecriture;
-}
-
 // Donnée de ligne du séparateur entre deux groupes.
 inline constexpr std::int32_t LigneSeparatrice = -1;
 
-// "Numéro", "Date Saisie", "Date Pièce", "Libellé", "Compte", "Débit", "Crédit", puis la
-// colonne cachée du journal.
-QStringList TitresJournalEcritures();
 // Colonnes et largeurs des deux listes d'un écran de journal.
 void PreparerListesJournal(ui::Grille* tree1, ui::Grille* tree2);
 
@@ -43,12 +36,6 @@ bool TrouverGroupe(std::int32_t p, std::int32_t& debut, std::int32_t& fin);
 
 // Lignes debut à fin de l'exercice dans tree2 (vidé d'abord).
 void AffGroupe(ui::Grille* tree2, std::int32_t debut, std::int32_t fin);
-
-// Textes d'une ligne du journal : dates à l'écran, montant dans sa colonne.
-QStringList TextesLigneJournal(const QString& numero, const QString& dateEcr,
-                               const QString& datePiece, const QString& libelle,
-                               const QString& compte, const QString& montantAffiche, bool debit,
-                               const QString& journal);
 
 namespace ecran {
 

@@ -1,11 +1,12 @@
 #include "entry/Annul.h"
 
+#include "base/Montant.h"
+#include "base/Texte.h"
+#include "consultation/DonneesJournal.h"
 #include "entry/AffJournal.h"
+#include "entry/DonneesSaisie.h"
 #include "posting/PasserEcriture.h"
-#include "session/Montant.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"
 #include "ui/Grille.h"
@@ -16,10 +17,6 @@
 namespace ecran {
 
 namespace {
-
-void ViderSaisie() {
-    Base().exec("DELETE FROM wSaisie");
-}
 
 // La ligne contre-passée : mêmes compte, journal et sections, montant et sens inversés.
 table::Saisie LigneInverse(const table::Ecriture& e, const table::Compte& c, std::int32_t numero,
@@ -78,7 +75,7 @@ void Annul::Command3_Click() {
                   QStringLiteral("Maroval"), ui::Icone::Exclamation);
         return;
     }
-    ViderSaisie();
+    saisie::Vider();
     const QString cle = CleCourante();
     table::Constante k;
     LireConstante(cle, k);
@@ -92,28 +89,25 @@ void Annul::Command3_Click() {
         LireCompte(cle, e.NumCptEcr.trimmed(), c);
         ++NumProchain;
         table::Saisie s = LigneInverse(e, c, NumProchain, libelle);
-        AjouterSaisie(s);
+        saisie::AjouterLigne(s);
     }
     NumProchain = static_cast<std::int32_t>(k.LastNumEcrit) + 1;
 
     // Ce qui sera passé, lu dans wSaisie : le montant dans la colonne de son sens réel.
     ui->Tree2->Vider();
-    SQLite::Statement q(Base(), "SELECT wNumEcrt, wDateEcr, wDatePiece, wLibEcr, wNumCpt, "
-                                "wErEcr, wMntEcr, wJournal FROM wSaisie ORDER BY rowid");
-    while (q.executeStep()) {
-        const QString er = QString::fromUtf8(q.getColumn(5).getText()).trimmed();
-        const Montant m = Montant::depuisDixMilliemes(q.getColumn(6).getInt64());
-        const bool positif = m > Montant();
-        const bool debit = er.startsWith(u'E') ? positif : !positif;
+    for (const saisie::Ligne& w : saisie::LireLignes()) {
+        journal::Ligne l;
+        l.numero = w.s.wNumEcrt;
+        l.dateEcr = w.s.wDateEcr.trimmed();
+        l.datePiece = w.s.wDatePiece.trimmed();
+        l.libelle = w.s.wLibEcr.trimmed();
+        l.compte = w.s.wNumCpt.trimmed();
+        l.journal = w.s.wJournal.trimmed();
+        const bool positif = w.s.wMntEcr > Montant();
+        l.debit = w.s.wErEcr.trimmed().startsWith(u'E') ? positif : !positif;
         ui->Tree2->AjouterLigne(
-            TextesLigneJournal(QString::number(q.getColumn(0).getInt64()),
-                               QString::fromUtf8(q.getColumn(1).getText()),
-                               QString::fromUtf8(q.getColumn(2).getText()),
-                               QString::fromUtf8(q.getColumn(3).getText()),
-                               QString::fromUtf8(q.getColumn(4).getText()),
-                               FormaterMontant(m.abs(), session().FormatMontant), debit,
-                               QString::fromUtf8(q.getColumn(7).getText())),
-            q.getColumn(0).getInt());
+            journal::Textes(l, FormaterMontant(w.s.wMntEcr.abs(), session().FormatMontant)),
+            static_cast<std::int32_t>(w.s.wNumEcrt));
     }
     ui->Label2->show();
     ui->Command2->show();
@@ -122,7 +116,7 @@ void Annul::Command3_Click() {
 void Annul::Command2_Click() {
     setCursor(Qt::WaitCursor);
     PasserEcriture(QString::number(NumProchain), session().MonnaieExercice);
-    ViderSaisie();
+    saisie::Vider();
     unsetCursor();
     ui->Command2->hide();
     ui->Label2->hide();
@@ -130,7 +124,7 @@ void Annul::Command2_Click() {
 }
 
 void Annul::Command1_Click() {
-    ViderSaisie();
+    saisie::Vider();
     Retour();
     QApplication::processEvents();
 }

@@ -1,22 +1,13 @@
 #include "entry/Choisais.h"
 
+#include "entry/DonneesSaisie.h"
 #include "entry/Saislog.h"
-#include "store/Base.h"
 #include "ui/Aide.h"
 #include "ui_Choisais.h"
 
-#if __has_include("entry/SaisDC.h")
-#include "entry/SaisDC.h"
-#define MAROVAL_SAISDC 1
-#endif
-#if __has_include("entry/Annul.h")
 #include "entry/Annul.h"
-#define MAROVAL_ANNUL 1
-#endif
-#if __has_include("entry/ModifLib.h")
 #include "entry/ModifLib.h"
-#define MAROVAL_MODIFLIB 1
-#endif
+#include "entry/SaisDC.h"
 
 namespace ecran {
 
@@ -35,7 +26,7 @@ Choisais::~Choisais() = default;
 
 void Choisais::Form_Load() {
     // L'écriture en cours d'une session précédente ne survit jamais.
-    Base().exec("DELETE FROM wSaisie");
+    saisie::Vider();
 }
 
 void Choisais::Command1_Click() {
@@ -44,10 +35,8 @@ void Choisais::Command1_Click() {
 }
 
 void Choisais::Command2_Click() {
-#ifdef MAROVAL_SAISDC
     SaisDC e(this);
     e.exec();
-#endif
 }
 
 void Choisais::Command3_Click() {
@@ -55,10 +44,8 @@ void Choisais::Command3_Click() {
 }
 
 void Choisais::Command4_Click() {
-#ifdef MAROVAL_ANNUL
     Annul e(this);
     e.exec();
-#endif
 }
 
 void Choisais::Command5_Click() {
@@ -66,10 +53,8 @@ void Choisais::Command5_Click() {
 }
 
 void Choisais::Command6_Click() {
-#ifdef MAROVAL_MODIFLIB
     ModifLib e(this);
     e.exec();
-#endif
 }
 
 } // namespace ecran

@@ -1,11 +1,11 @@
 #include "entry/ChoixCpt.h"
 
+#include "chart/Plan2.h"
+#include "entry/ControlesSaisie.h"
+#include "entry/DonneesSaisie.h"
 #include "entry/LigneMenu.h"
-#include "entry/SessionSaisie.h"
-#include "session/Montant.h"
+#include "entry/SaisQuad.h"
 #include "session/Session.h"
-#include "store/Acces.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
@@ -13,13 +13,7 @@
 #include "ui_ChoixCpt.h"
 
 #include <QShowEvent>
-
-#if __has_include("entry/SaisQuad.h")
-#include "entry/SaisQuad.h"
-#define MAROVAL_SAISQUAD 1
-#endif
-#include "chart/Plan2.h"
-#include "consultation/DetailCp.h"
+#include <algorithm>
 
 namespace ecran {
 
@@ -63,18 +57,18 @@ ChoixCpt::ChoixCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
 ChoixCpt::~ChoixCpt() = default;
 
 void ChoixCpt::Form_Load() {
-    ui->BCrappel->setVisible(MenuAvecRappel(CleMenuSaisie()));
+    ui->BCrappel->setVisible(MenuAvecRappel(session().CleMenuSaisie));
     if (parentWidget()) parentWidget()->unsetCursor();
     NumLigneSaisie = 0;
     table::Tableau t;
-    const bool trouve = LireLigneMenu(CleMenuSaisie() + QLatin1Char('1'), t);
-    LigneMenuSaisie() = t.tLibMenuprinc;
+    const bool trouve = LireLigneMenu(session().CleMenuSaisie + QLatin1Char('1'), t);
+    session().LigneMenuSaisie = t.tLibMenuprinc;
     if (trouve) ui->Label3->setText(t.tLibMenuprinc);
     ui->Option1->setText(t.tMessage);
     QRadioButton* options[] = {ui->Option2, ui->Option3};
     for (int slot = 2; slot <= 3; ++slot) {
         QRadioButton* o = options[slot - 2];
-        if (LireLigneMenu(CleMenuSaisie() + QString::number(slot), t)) {
+        if (LireLigneMenu(session().CleMenuSaisie + QString::number(slot), t)) {
             o->setText(t.tMessage);
         } else {
             o->setEnabled(false);
@@ -96,12 +90,12 @@ void ChoixCpt::Form_Activate() {
         ui->Tree1->setFocus();
         return;
     }
-    if (!EcriturePassee()) {
+    if (!session().EcriturePassee) {
         ChoisirOption(1);
         return;
     }
     // L'écriture vient d'être passée : l'option de la suivante dépend de la famille.
-    const QString cle = CleMenuSaisie();
+    const QString cle = session().CleMenuSaisie;
     const QChar famille = cle.isEmpty() ? QChar() : cle.at(0);
     if (famille == u'1' || famille == u'2')
         ChoisirOption(cle.mid(1, 1) == QLatin1String("1") ? 3 : 1);
@@ -110,15 +104,12 @@ void ChoixCpt::Form_Activate() {
     else
         ChoisirOption(1);
     if (!ui->BCrappel->isChecked()) {
-        Base().exec("DELETE FROM wSaisie");
+        saisie::Vider();
         ui->Tree2->Vider();
         ChoisirOption(1);
         return;
     }
-    // Les comptes rappelés reviennent à zéro ; conversion et résultat ne reviennent jamais.
-    Base().exec("DELETE FROM wSaisie WHERE wRappel=0");
-    Base().exec("DELETE FROM wSaisie WHERE (wNumCpt='677' OR wNumCpt='777' OR wNumCpt='107')");
-    Base().exec("UPDATE wSaisie SET wMntEcr=0 WHERE wMntEcr<>0");
+    saisie::GarderRappelsDesCases();
     RemplirTree2();
     // La suite se fait au clavier : la liste des comptes de la case prend la main.
     ui->Tree1->setFocus();
@@ -151,43 +142,24 @@ void ChoixCpt::Option3_Click() {
 
 void ChoixCpt::RemplirCompteLog(const QString& slot) {
     table::Tableau t;
-    LireLigneMenu(CleMenuSaisie() + slot, t);
-    std::string sql = "SELECT NumCpt, LibCpt, Solde FROM Compte WHERE CleCpt=? AND ";
-    if (t.tTaille == 1 && t.tMenuAutorise.left(3).toInt() == 999) {
-        // Tout le plan, sauf les collectifs et les comptes de résultat.
-        sql += "NumCpt<>'400     ' AND NumCpt<>'410     ' AND NumCpt<>'699     ' AND "
-               "NumCpt<>'799     '";
-    } else {
-        QStringList classes;
-        for (int n = 1; n <= t.tTaille; ++n)
-            classes << QStringLiteral("Menu=%1").arg(std::int16_t(ClasseAutorisee(t, n)));
-        // Une case sans classe ne propose rien.
-        sql += classes.isEmpty() ? std::string("0")
-                                 : "(" + classes.join(QStringLiteral(" OR ")).toStdString() + ")";
-    }
-    auto& q = Requete(sql + " ORDER BY NumCpt");
-    q.bind(1, CleCourante().toStdString());
-    ui::Grille* g = ui->Tree1;
-    g->setUpdatesEnabled(false);
-    g->Vider();
-    while (q.executeStep()) {
-        const Montant solde = Montant::depuisDixMilliemes(q.getColumn(2).getInt64());
-        g->AjouterLigne({TexteLu(QString::fromUtf8(q.getColumn(0).getText()), 8),
-                         QString::fromUtf8(q.getColumn(1).getText()),
-                         FormaterMontant(solde, session().FormatMontant)});
-    }
-    q.reset();
-    g->Trier(0, Qt::AscendingOrder);
-    g->setUpdatesEnabled(true);
+    LireLigneMenu(session().CleMenuSaisie + slot, t);
+    // Tout le plan (999), sauf les collectifs et les comptes de résultat ; sinon les classes
+    // de la case, et une case sans classe ne propose rien.
+    AfficherComptesOfferts(ui->Tree1, t.tTaille == 1 && t.tMenuAutorise.left(3).toInt() == 999
+                                          ? saisie::ComptesSauf({"400", "410", "699", "799"})
+                                          : saisie::ComptesDesClasses(saisie::ClassesDeLaCase(t)));
+    ui->Tree1->Trier(0, Qt::AscendingOrder);
 }
 
 void ChoixCpt::RemplirTree2() {
     ui->Tree2->Vider();
-    auto& q = Requete("SELECT wNumCpt, wLibCpt FROM wSaisie ORDER BY wMenuLigne, rowid");
-    while (q.executeStep())
-        ui->Tree2->AjouterLigne({TexteLu(QString::fromUtf8(q.getColumn(0).getText()), 8),
-                                 QString::fromUtf8(q.getColumn(1).getText())});
-    q.reset();
+    // Les lignes par case, puis dans l'ordre où elles ont été choisies.
+    std::vector<saisie::Ligne> lignes = saisie::LireLignes();
+    std::stable_sort(lignes.begin(), lignes.end(), [](const auto& a, const auto& b) {
+        return a.s.wMenuLigne.trimmed() < b.s.wMenuLigne.trimmed();
+    });
+    for (const saisie::Ligne& l : lignes)
+        ui->Tree2->AjouterLigne({l.s.wNumCpt, l.s.wLibCpt.trimmed()});
 }
 
 void ChoixCpt::Command4_Click() {
@@ -195,20 +167,14 @@ void ChoixCpt::Command4_Click() {
     const int ligne = ui->Tree1->LigneCourante();
     if (ligne < 0) return;
     const QString numero = ui->Tree1->Texte(ligne, 0).left(8).trimmed();
-    table::Saisie dejaLa;
-    if (acces::LireLigne("wSaisie", "wNumCpt=?", dejaLa, numero)) {
-        ui::Boite(QStringLiteral("Le compte \"%1 %2\" est déjà présent.")
-                      .arg(dejaLa.wNumCpt, dejaLa.wLibCpt.trimmed()),
-                  QStringLiteral("Maroval"), ui::Icone::Exclamation);
-        return;
-    }
+    if (CompteDejaPresent(numero)) return;
     table::Compte c;
     // Un compte retiré du plan entre-temps vaut une absence de choix.
     if (!LireCompte(CleCourante(), numero, c)) return;
     table::Tableau t;
-    LireLigneMenu(CleMenuSaisie() + slot, t);
-    table::Saisie r = LignePreparee(c, t, ++NumLigneSaisie, CleMenuSaisie() + slot);
-    AjouterSaisie(r);
+    LireLigneMenu(session().CleMenuSaisie + slot, t);
+    table::Saisie r = saisie::LignePreparee(c, t, ++NumLigneSaisie, session().CleMenuSaisie + slot);
+    saisie::AjouterLigne(r);
     RemplirTree2();
 }
 
@@ -216,10 +182,7 @@ void ChoixCpt::Command6_Click() {
     const int ligne = ui->Tree2->LigneCourante();
     if (ligne < 0) return;
     const QString numero = ui->Tree2->Texte(ligne, 0).left(8).trimmed();
-    auto& q = Requete("DELETE FROM wSaisie WHERE rowid=(SELECT rowid FROM wSaisie WHERE "
-                      "wNumCpt=? ORDER BY rowid LIMIT 1)");
-    q.bind(1, numero.toStdString());
-    q.exec();
+    saisie::RetirerLigneCompte(numero);
     RemplirTree2();
 }
 
@@ -228,15 +191,13 @@ void ChoixCpt::Tree1_KeyDown(int cle) {
 }
 
 void ChoixCpt::Command3_Click() {
-    if (Base().execAndGet("SELECT COUNT(*) FROM wSaisie").getInt() < 2) {
+    if (saisie::NombreLignes() < 2) {
         ui::Boite(QStringLiteral("Il faut au moins deux comptes pour passer une écriture."),
                   QStringLiteral("Maroval"), ui::Icone::Exclamation);
         return;
     }
-#ifdef MAROVAL_SAISQUAD
     SaisQuad e(this);
     e.exec();
-#endif
 }
 
 void ChoixCpt::Command1_Click() {
@@ -247,17 +208,8 @@ void ChoixCpt::Command1_Click() {
 }
 
 void ChoixCpt::Command8_Click() {
-    const int ligne = ui->Tree1->LigneCourante();
-    if (ligne < 0 || !ui->Tree1->EstSelectionnee(ligne)) {
-        ui::Boite(QStringLiteral("Aucun compte n'est sélectionné !"), QStringLiteral("Maroval"),
-                  ui::Icone::Information);
-        return;
-    }
-    CompteChoisi() = ui->Tree1->Texte(ligne, 0).left(8).trimmed();
     // Posé avant l'ouverture : le retour du détail réactive l'écran pendant l'exec.
-    RetourDetail = true;
-    DetailCp e(this);
-    e.exec();
+    OuvrirDetailCompte(this, CompteSelectionne(ui->Tree1), [this] { RetourDetail = true; });
 }
 
 void ChoixCpt::Command2_Click() {

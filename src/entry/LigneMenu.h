@@ -11,8 +11,3 @@ bool LireLigneMenu(const QString& cle, table::Tableau& ligne);
 // Classe numéro n (de 1 à tTaille) de tMenuAutorise : trois chiffres tous les quatre
 // caractères. Au-delà de vingt classes, erreur d'exécution (indice hors plage).
 int ClasseAutorisee(const table::Tableau& ligne, int n);
-
-// Ligne préparée de wSaisie pour un compte choisi dans une case : les champs du compte,
-// la marque de la case (journal, rappel, signe, nombre) et sa clé ; montant à zéro.
-table::Saisie LignePreparee(const table::Compte& compte, const table::Tableau& caseMenu,
-                            double wNumEcrt, const QString& cleCase);

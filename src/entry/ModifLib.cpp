@@ -1,9 +1,9 @@
 #include "entry/ModifLib.h"
 
+#include "base/Texte.h"
 #include "entry/AffJournal.h"
+#include "entry/DonneesSaisie.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "store/Base.h"
 #include "ui/Boite.h"
 #include "ui/Grille.h"
 #include "ui_ModifLib.h"
@@ -87,21 +87,13 @@ void ModifLib::Command2_Click() {
         return;
     }
     setCursor(Qt::WaitCursor);
-    // Valeur liée : le guillemet et l'apostrophe sont rangés tels que tapés.
-    const QString libelle = TexteRange(ui->Text1->text().trimmed(), 40);
-    SQLite::Statement q(Base(), "UPDATE Ecriture SET LibEcr=? WHERE NumEcr>=? AND NumEcr<=? "
-                                "AND CleCpt=?");
-    q.bind(1, libelle.toStdString());
-    q.bind(2, static_cast<double>(NumDebutGroupe));
-    q.bind(3, static_cast<double>(NumFinGroupe));
-    q.bind(4, CleCourante().toStdString());
-    q.exec();
+    saisie::ChangerLibelle(NumDebutGroupe, NumFinGroupe, ui->Text1->text());
     unsetCursor();
     Form_Activate();
 }
 
 void ModifLib::Command1_Click() {
-    Base().exec("DELETE FROM wSaisie");
+    saisie::Vider();
     Retour();
 }
 

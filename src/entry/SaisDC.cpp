@@ -1,8 +1,8 @@
 #include "entry/SaisDC.h"
 
+#include "entry/DonneesSaisie.h"
 #include "entry/SaisDC2.h"
-#include "entry/SessionSaisie.h"
-#include "store/Base.h"
+#include "session/Session.h"
 #include "ui/Boite.h"
 #include "ui_SaisDC.h"
 
@@ -27,7 +27,7 @@ SaisDC::SaisDC(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui
 SaisDC::~SaisDC() = default;
 
 void SaisDC::Form_Load() {
-    Base().exec("DELETE FROM wSaisie");
+    saisie::Vider();
     ui->Frame2->hide();
 }
 
@@ -80,9 +80,9 @@ void SaisDC::Command1_Click() {
         }
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    Base().exec("DELETE FROM wSaisie");
-    JournalSaisie() = journal;
-    if (!ligne.isEmpty()) LigneMenuSaisie() = ligne;
+    saisie::Vider();
+    session().JournalSaisie = journal;
+    if (!ligne.isEmpty()) session().LigneMenuSaisie = ligne;
     QApplication::restoreOverrideCursor();
     SaisDC2 suite(this);
     suite.exec();

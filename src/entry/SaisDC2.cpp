@@ -1,11 +1,11 @@
 #include "entry/SaisDC2.h"
 
+#include "base/Texte.h"
 #include "chart/Plan2.h"
-#include "consultation/DetailCp.h"
+#include "entry/ControlesSaisie.h"
+#include "entry/DonneesSaisie.h"
 #include "entry/LigneMenu.h"
-#include "entry/SessionSaisie.h"
 #include "session/Session.h"
-#include "session/Texte.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
@@ -53,25 +53,18 @@ QStringList CasesDuJournal(const QString& journal, const QString& ligne) {
     return {};
 }
 
-// Requête de Tree1 : classes des cases réunies (doublons laissés), ou exclusions.
-std::string RequeteComptes(const QString& journal, const QString& ligne) {
-    const std::string debut = "SELECT NumCpt, LibCpt, Solde FROM Compte WHERE CleCpt=?";
-    const std::string fin = " ORDER BY NumCpt";
-    if (journal == QLatin1String("I")) return debut + " AND NumCpt<>'400' AND NumCpt<>'410'" + fin;
+// Comptes de Tree1 : ceux des classes des cases réunies, ou tout le plan moins quelques
+// comptes (l'inventaire seul offre les comptes de résultat 699 et 799).
+std::vector<saisie::CompteOffert> ComptesDuJournal(const QString& journal, const QString& ligne) {
+    if (journal == QLatin1String("I")) return saisie::ComptesSauf({"400", "410"});
     const QStringList cases = CasesDuJournal(journal, ligne);
-    if (cases.isEmpty())
-        return debut + " AND NumCpt<>'400' AND NumCpt<>'410' AND NumCpt<>'699' AND NumCpt<>'799'" +
-               fin;
-    QStringList classes;
+    if (cases.isEmpty()) return saisie::ComptesSauf({"400", "410", "699", "799"});
+    QList<int> classes;
     for (const QString& c : cases) {
         table::Tableau t;
-        if (!LireLigneMenu(c, t)) continue;
-        for (int n = 1; n <= qMin<int>(t.tTaille, 20); ++n)
-            classes << QStringLiteral("Menu=%1").arg(ClasseAutorisee(t, n));
+        if (LireLigneMenu(c, t)) classes += saisie::ClassesDeLaCase(t);
     }
-    // Aucune classe : une liste vide plutôt qu'une requête mal formée.
-    if (classes.isEmpty()) return debut + " AND 0" + fin;
-    return debut + " AND (" + classes.join(QStringLiteral(" OR ")).toStdString() + ")" + fin;
+    return saisie::ComptesDesClasses(classes);
 }
 
 } // namespace
@@ -119,25 +112,15 @@ SaisDC2::~SaisDC2() = default;
 void SaisDC2::Form_Load() {
     NumLigneSaisie = 0;
     ui->Command1->setEnabled(false);
-    const QString cle = CleCourante();
-    table::Constante k;
-    LireConstante(cle, k);
-    QString numero = QString::number(static_cast<qint64>(k.LastNumEcrit) + 1);
-    {
-        SQLite::Statement q(Base(), "SELECT MAX(NumEcr) FROM Ecriture WHERE CleCpt=?");
-        q.bind(1, cle.toStdString());
-        // Le plus grand numéro des livres l'emporte sur le compteur.
-        if (q.executeStep() && !q.getColumn(0).isNull())
-            numero = QString::number(static_cast<qint64>(q.getColumn(0).getDouble()) + 1);
-    }
-    ui->Label1->setText(numero.isEmpty() ? QStringLiteral("1") : numero);
-    ui::FixerTexteDate(ui->Text1, DateVersEcran(k.DateSaisie));
+    const saisie::Entete entete = saisie::LireEntete();
+    ui->Label1->setText(entete.numero);
+    ui::FixerTexteDate(ui->Text1, DateVersEcran(entete.dateSaisie));
     const QString zero = FormaterMontant(Montant(), session().FormatMontant);
     ui->LTotDeb->setText(zero);
     ui->LTotCre->setText(zero);
-    const QString journal = JournalSaisie();
+    const QString journal = session().JournalSaisie;
     QString titre = QStringLiteral("Saisie Débits / Crédits : ") + NomJournal(journal);
-    if (journal == QLatin1String("T")) titre += NomOperation(LigneMenuSaisie());
+    if (journal == QLatin1String("T")) titre += NomOperation(session().LigneMenuSaisie);
     setWindowTitle(titre);
     const bool echeance = journal == QLatin1String("V") || journal == QLatin1String("A");
     ui->Text3->setVisible(echeance);
@@ -147,33 +130,20 @@ void SaisDC2::Form_Load() {
 }
 
 void SaisDC2::RemplirCompteDC() {
-    ui->Tree1->Vider();
-    SQLite::Statement q(Base(), RequeteComptes(JournalSaisie(), LigneMenuSaisie()));
-    q.bind(1, CleCourante().toStdString());
-    while (q.executeStep())
-        ui->Tree1->AjouterLigne(
-            {QString::fromUtf8(q.getColumn(0).getText()),
-             QString::fromUtf8(q.getColumn(1).getText()),
-             FormaterMontant(Montant::depuisDixMilliemes(q.getColumn(2).getInt64()),
-                             session().FormatMontant)});
+    AfficherComptesOfferts(ui->Tree1,
+                           ComptesDuJournal(session().JournalSaisie, session().LigneMenuSaisie));
 }
 
 // Tree2 refait depuis wSaisie : la vérité est dans les lignes, pas dans les cellules.
 void SaisDC2::ReconstruireDepuisSaisie(bool avecMontants) {
     ui->Tree2->Vider();
-    SQLite::Statement q(Base(), "SELECT wNumCpt, wLibCpt, wMntEcr, wDCEcr, wNumEcrt FROM wSaisie");
-    while (q.executeStep()) {
+    for (const saisie::Ligne& l : saisie::LireLignes()) {
         QString debit, credit;
-        if (avecMontants) {
-            const QString m =
-                FormaterMontant(Montant::depuisDixMilliemes(q.getColumn(2).getInt64()).abs(),
-                                session().FormatMontant);
-            (QString::fromUtf8(q.getColumn(3).getText()) == QLatin1String("D") ? debit : credit) =
-                m;
-        }
-        ui->Tree2->AjouterLigne({QString::fromUtf8(q.getColumn(0).getText()),
-                                 QString::fromUtf8(q.getColumn(1).getText()), debit, credit},
-                                q.getColumn(4).getDouble());
+        if (avecMontants)
+            (l.s.wDCEcr.trimmed() == QLatin1String("D") ? debit : credit) =
+                FormaterMontant(l.s.wMntEcr.abs(), session().FormatMontant);
+        ui->Tree2->AjouterLigne({l.s.wNumCpt.trimmed(), l.s.wLibCpt.trimmed(), debit, credit},
+                                l.s.wNumEcrt);
     }
 }
 
@@ -181,32 +151,12 @@ void SaisDC2::BAjout_Click() {
     const int ligne = ui->Tree1->LigneCourante();
     if (ligne < 0) return;
     const QString numero = ui->Tree1->Texte(ligne, 0).trimmed();
-    {
-        auto& q = Requete("SELECT wNumCpt, wLibCpt FROM wSaisie WHERE wNumCpt=? LIMIT 1");
-        q.bind(1, numero.toStdString());
-        if (q.executeStep()) {
-            const QString n = TexteLu(QString::fromUtf8(q.getColumn(0).getText()), 8);
-            const QString l = QString::fromUtf8(q.getColumn(1).getText()).trimmed();
-            q.reset();
-            ui::Boite(QStringLiteral("Le compte \"%1 %2\" est déjà présent.").arg(n, l),
-                      QStringLiteral("Maroval"), ui::Icone::Exclamation);
-            return;
-        }
-    }
+    if (CompteDejaPresent(numero)) return;
     table::Compte c;
     // Un compte supprimé entre-temps vaut une ligne non choisie.
     if (!LireCompte(CleCourante(), numero, c)) return;
-    table::Saisie s;
-    s.wNumEcrt = ++NumLigneSaisie;
-    s.wNumCpt = c.NumCpt;
-    s.wErEcr = c.ErCpt;
-    s.wLibCpt = c.LibCpt;
-    s.wSolde = c.Solde;
-    s.wTiers = c.Tiers;
-    s.wBilan = c.Bilan;
-    s.wMenu = c.Menu;
-    s.wJournal = JournalSaisie();
-    AjouterSaisie(s);
+    table::Saisie s = saisie::LigneDuCompteChoisi(c, ++NumLigneSaisie, session().JournalSaisie);
+    saisie::AjouterLigne(s);
     ui->Tree2->AjouterLigne({numero, c.LibCpt.trimmed(), QString(), QString()}, s.wNumEcrt);
     if (ui->Check1->isChecked()) ui->Tree2->Trier(0);
 }
@@ -216,10 +166,7 @@ void SaisDC2::BSuppr_Click() {
     if (t2->NombreLignes() == 0) return;
     const int ligne = qMax(0, t2->LigneCourante());
     if (t2->EditionOuverte()) t2->AnnulerEdition();
-    auto& q = Requete("DELETE FROM wSaisie WHERE rowid=(SELECT rowid FROM wSaisie WHERE "
-                      "wNumEcrt=? ORDER BY rowid LIMIT 1)");
-    q.bind(1, t2->DonneeLigne(ligne).toDouble());
-    q.exec();
+    saisie::RetirerLigneNumero(t2->DonneeLigne(ligne).toDouble());
     t2->SupprimerLigne(ligne);
     MajTotDC2();
 }
@@ -266,15 +213,7 @@ void SaisDC2::Command5_Click() {
 }
 
 void SaisDC2::Command6_Click() {
-    const int ligne = ui->Tree1->LigneCourante();
-    if (ligne < 0 || !ui->Tree1->EstSelectionnee(ligne)) {
-        ui::Boite(QStringLiteral("Aucun compte n'est sélectionné !"), QStringLiteral("Maroval"),
-                  ui::Icone::Information);
-        return;
-    }
-    CompteChoisi() = ui->Tree1->Texte(ligne, 0).trimmed();
-    DetailCp detail(this);
-    detail.exec();
+    OuvrirDetailCompte(this, CompteSelectionne(ui->Tree1));
 }
 
 void SaisDC2::Aller(QWidget* cible) {
@@ -358,19 +297,11 @@ bool SaisDC2::ToucheListe(QObject* objet, int cle) {
 }
 
 bool SaisDC2::PerteFocus(QObject* objet) {
-    if (objet == ui->Text1 || (objet == ui->Text3 && ui::TexteDate(ui->Text3) != ui::DateVide())) {
-        auto* champ = static_cast<QLineEdit*>(objet);
-        if (!DateValide(ui::TexteDate(champ))) {
-            ui::Boite(QStringLiteral("La date a été mal saisie."), QStringLiteral("Maroval"),
-                      ui::Icone::Exclamation);
-            QMetaObject::invokeMethod(
-                champ, [champ] { champ->setFocus(); }, Qt::QueuedConnection);
-        }
+    if (objet == ui->Text1 || objet == ui->Text3) {
+        ControlerChampDate(static_cast<QLineEdit*>(objet), objet == ui->Text3);
         return true;
     }
-    if (objet == ui->Text2 && ui->Text2->text().trimmed().isEmpty()) {
-        ui::Boite(QStringLiteral("Le libellé est OBLIGATOIRE"), QStringLiteral("Maroval"),
-                  ui::Icone::Exclamation);
+    if (objet == ui->Text2 && !ControlerChampLibelle(ui->Text2)) {
         if (ui->Text3->isVisible()) Aller(ui->Text3);
         return true;
     }

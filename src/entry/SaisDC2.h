@@ -3,7 +3,7 @@
 // permis par le journal à gauche, les lignes à droite avec un montant positif au débit ou
 // au crédit ; les lignes vont dans wSaisie et passent par le moteur des écritures.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "ui/EcranModal.h"
 #include "ui/Grille.h"
 
@@ -56,7 +56,6 @@ private:
     // Totaux des colonnes de Tree2, la cellule (ligne, colonne) lue dans texte si ligne >= 0.
     void CalculerTotaux(int colonne, int ligne, const QString& texte);
     void ReconstruireDepuisSaisie(bool avecMontants);
-    void GarderComptesRappeles();
     bool ToucheChamp(QObject* objet, int cle);
     bool ToucheListe(QObject* objet, int cle);
     bool PerteFocus(QObject* objet);

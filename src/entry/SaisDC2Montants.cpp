@@ -3,13 +3,13 @@
 
 #include "entry/SaisDC2.h"
 
-#include "entry/Echeance.h"
+#include "entry/ControlesSaisie.h"
+#include "entry/DonneesSaisie.h"
 #include "session/SaisieMontant.h"
 
-#include "entry/SessionSaisie.h"
+#include "base/Texte.h"
 #include "posting/PasserEcriture.h"
 #include "session/Session.h"
-#include "session/Texte.h"
 #include "store/Base.h"
 #include "ui/Boite.h"
 #include "ui/ChampDate.h"
@@ -110,32 +110,11 @@ void SaisDC2::MajwSaisieDC(const QString& sens, const QString& montant, double w
     // Arrondi tel qu'il sera montré.
     Montant m =
         MontantDepuisTexte(FormaterMontant(MontantDepuisTexte(montant), session().FormatMontant));
-    std::int64_t rowid = 0;
-    QString er;
-    {
-        auto& q = Requete("SELECT rowid, wErEcr FROM wSaisie WHERE wNumEcrt=? ORDER BY rowid "
-                          "LIMIT 1");
-        q.bind(1, wNumEcrt);
-        if (!q.executeStep()) return;
-        rowid = q.getColumn(0).getInt64();
-        er = QString::fromUtf8(q.getColumn(1).getText()).trimmed();
-        q.reset();
-    }
-    if ((er.startsWith(u'E') && sens == QLatin1String("C")) ||
-        (er.startsWith(u'R') && sens == QLatin1String("D")))
-        m = -m;
-    const QString echeance = ui::TexteDate(ui->Text3);
-    auto& u = Requete("UPDATE wSaisie SET wDateEcr=?, wDatePiece=?, wDateEcheance=?, wDCEcr=?, "
-                      "wMntEcr=?, wFin=0, wMoisEcheance=?, wLettrage=0, wSectionEcr=0, "
-                      "wVentilEcr=0 WHERE rowid=?");
-    u.bind(1, DateVersBase(session().DateSaisieCourante).toStdString());
-    u.bind(2, DateVersBase(ui::TexteDate(ui->Text1)).toStdString());
-    u.bind(3, DateVersBase(echeance).toStdString());
-    u.bind(4, sens.toStdString());
-    u.bind(5, static_cast<std::int64_t>(m.dixMilliemes()));
-    u.bind(6, echeance.mid(3, 2).toStdString());
-    u.bind(7, rowid);
-    u.exec();
+    const auto l = saisie::LireLigne(wNumEcrt);
+    if (!l) return;
+    saisie::EcrireMontant(l->rowid, {saisie::MontantDuSens(l->s.wErEcr, sens, m), sens,
+                                     session().DateSaisieCourante, ui::TexteDate(ui->Text1),
+                                     ui::TexteDate(ui->Text3)});
 }
 
 void SaisDC2::CalculerTotaux(int colonne, int ligne, const QString& texte) {
@@ -164,43 +143,16 @@ void SaisDC2::Command1_Click() {
         ReconstruireDepuisSaisie(true);
         return;
     }
-    if (ui->Text2->text().trimmed().isEmpty()) {
-        ui::Boite(QStringLiteral("Vous DEVEZ saisir un libellé."), QStringLiteral("Maroval"),
-                  ui::Icone::Exclamation);
-        return;
-    }
-    const QString echeance = ui::TexteDate(ui->Text3);
-    if (ui->Text3->isVisible() && echeance != ui::DateVide() && !ConfirmerEcheance(echeance)) {
-        ui->Text3->setFocus();
-        return;
-    }
-    // Valeur liée : le texte est rangé tel que tapé, guillemets compris.
-    auto& q = Requete("UPDATE wSaisie SET wLibEcr=?");
-    q.bind(1, TexteRange(ui->Text2->text().trimmed(), 40).toStdString());
-    q.exec();
-    PasserEcriture(ui->Label1->text(), QStringLiteral("E"));
+    if (!ValiderEtPasser(ui->Text2, ui->Text3, ui->Label1->text())) return;
     if (!ui->BCrappel->isChecked()) {
-        Base().exec("DELETE FROM wSaisie");
+        saisie::Vider();
         ui->Tree2->Vider();
     } else {
-        GarderComptesRappeles();
+        saisie::GarderRappelsDuJournal(session().JournalSaisie);
     }
     ui->Text2->clear();
     ui->Text1->setFocus();
     Form_Load();
-}
-
-// Le journal décide de ce qui reste pour l'écriture suivante, montants à zéro.
-void SaisDC2::GarderComptesRappeles() {
-    const QString journal = JournalSaisie();
-    if (journal == QLatin1String("V"))
-        Base().exec("DELETE FROM wSaisie WHERE wMenu=170");
-    else if (journal == QLatin1String("A"))
-        Base().exec("DELETE FROM wSaisie WHERE wMenu=160");
-    else if (journal == QLatin1String("T"))
-        Base().exec("DELETE FROM wSaisie WHERE (wMenu<>330 AND wMenu<>340)");
-    Base().exec("DELETE FROM wSaisie WHERE (wNumCpt='677' OR wNumCpt='777' OR wNumCpt='107')");
-    Base().exec("UPDATE wSaisie SET wMntEcr=0 WHERE wMntEcr<>0");
 }
 
 } // namespace ecran

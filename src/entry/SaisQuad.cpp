@@ -1,14 +1,12 @@
 #include "entry/SaisQuad.h"
 
-#include "entry/Echeance.h"
-#include "session/SaisieMontant.h"
-
-#include "entry/SessionSaisie.h"
+#include "base/Montant.h"
+#include "base/Texte.h"
+#include "entry/ControlesSaisie.h"
+#include "entry/DonneesSaisie.h"
 #include "posting/PasserEcriture.h"
-#include "session/Montant.h"
+#include "session/SaisieMontant.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "store/Acces.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
@@ -17,12 +15,7 @@
 #include "ui/Grille.h"
 #include "ui_SaisQuad.h"
 
-#include "consultation/DetailCp.h"
-
-#include <QApplication>
-#include <QDate>
 #include <QKeyEvent>
-#include <QRegularExpression>
 #include <QTimer>
 
 namespace ecran {
@@ -79,40 +72,29 @@ void SaisQuad::BrancherListe(int rang) {
 }
 
 void SaisQuad::Form_Load() {
-    CompteChoisi().clear();
+    session().CompteChoisi.clear();
     ui::PreparerChampDate(ui->Text1);
     ui::PreparerChampDate(ui->Text3);
-    const bool echeance = CleMenuSaisie().toInt() < 30;
+    const bool echeance = session().CleMenuSaisie.toInt() < 30;
     ui->Text3->setVisible(echeance);
     ui->Label5->setVisible(echeance);
     const QString zero = FormaterMontant(Montant(), session().FormatMontant);
     ui->Label12->setText(zero);
     ui->Label13->setText(zero);
-    setWindowTitle(QStringLiteral("Saisie logique de \"%1\"").arg(LigneMenuSaisie().trimmed()));
+    setWindowTitle(
+        QStringLiteral("Saisie logique de \"%1\"").arg(session().LigneMenuSaisie.trimmed()));
 
-    // Le plus grand numéro déjà passé l'emporte sur le compteur de l'exercice.
-    table::Constante k;
-    LireConstante(CleCourante(), k);
-    double numero = k.LastNumEcrit + 1;
-    auto& q = Requete("SELECT MAX(NumEcr) FROM Ecriture WHERE CleCpt=?");
-    q.bind(1, CleCourante().toStdString());
-    if (q.executeStep() && !q.getColumn(0).isNull()) numero = q.getColumn(0).getDouble() + 1;
-    q.reset();
-    ui->Label1->setText(QString::number(static_cast<qint64>(numero)));
-    ui::FixerTexteDate(ui->Text1, DateVersEcran(k.DateSaisie));
+    const saisie::Entete entete = saisie::LireEntete();
+    ui->Label1->setText(entete.numero);
+    ui::FixerTexteDate(ui->Text1, DateVersEcran(entete.dateSaisie));
 
-    auto& l = Requete("SELECT wNumEcrt, wNumCpt, wLibCpt, wMntEcr, wErEcr FROM wSaisie "
-                      "ORDER BY rowid");
-    while (l.executeStep()) {
-        ui::Grille* g = Liste(RangDuCode(QString::fromUtf8(l.getColumn(4).getText())));
+    for (const saisie::Ligne& l : saisie::LireLignes()) {
+        ui::Grille* g = Liste(RangDuCode(l.s.wErEcr));
         if (!g) continue;
-        const Montant m = Montant::depuisDixMilliemes(l.getColumn(3).getInt64());
-        g->AjouterLigne({TexteLu(QString::fromUtf8(l.getColumn(1).getText()), 8),
-                         QString::fromUtf8(l.getColumn(2).getText()),
-                         FormaterMontant(m, session().FormatMontant)},
-                        l.getColumn(0).getDouble());
+        g->AjouterLigne({l.s.wNumCpt, l.s.wLibCpt.trimmed(),
+                         FormaterMontant(l.s.wMntEcr, session().FormatMontant)},
+                        l.s.wNumEcrt);
     }
-    l.reset();
 }
 
 void SaisQuad::done(int resultat) {
@@ -123,9 +105,8 @@ void SaisQuad::done(int resultat) {
 }
 
 std::int16_t SaisQuad::LireSigneLigne(double wNumEcrt) {
-    table::Saisie r;
-    acces::LireLigne("wSaisie", "wNumEcrt=?", r, wNumEcrt);
-    return static_cast<std::int16_t>(r.wSigne.trimmed().toInt());
+    const auto l = saisie::LireLigne(wNumEcrt);
+    return l ? static_cast<std::int16_t>(l->s.wSigne.trimmed().toInt()) : std::int16_t(0);
 }
 
 void SaisQuad::AffCompteSelect(const QString& numero) {
@@ -135,7 +116,7 @@ void SaisQuad::AffCompteSelect(const QString& numero) {
                          QStringLiteral("   Solde :") +
                          FormaterMontant(c.Solde, session().FormatMontant));
     ui->Command5->setText(QStringLiteral("Détail cpte ") + numero.trimmed());
-    CompteChoisi() = numero.trimmed();
+    session().CompteChoisi = numero.trimmed();
 }
 
 void SaisQuad::OuvrirMontant(ui::Grille* liste) {
@@ -182,66 +163,27 @@ bool SaisQuad::Valider(ui::Grille* liste, int ligne, int colonne, QString& texte
 }
 
 void SaisQuad::MajwSaisieLog(const QString& montant, const QString& numero, double wNumEcrt) {
-    table::Saisie r;
-    if (acces::LireLigne("wSaisie", "wNumEcrt=? AND wNumCpt=?", r, wNumEcrt, numero.trimmed())) {
-        r.wDateEcr = DateVersBase(session().DateSaisieCourante);
-        r.wDatePiece = DateVersBase(ui::TexteDate(ui->Text1));
-        const QString echeance = ui::TexteDate(ui->Text3);
-        r.wDateEcheance = DateVersBase(echeance);
-        r.wMntEcr = MontantDepuisTexte(montant);
-        const QString code = r.wErEcr.trimmed();
-        const bool positif = r.wMntEcr > Montant();
-        if (code == QLatin1String("E1") || code == QLatin1String("E2"))
-            r.wDCEcr = positif ? QStringLiteral("D") : QStringLiteral("C");
-        else if (code == QLatin1String("R1") || code == QLatin1String("R2"))
-            r.wDCEcr = positif ? QStringLiteral("C") : QStringLiteral("D");
-        r.wFin = false;
-        r.wMoisEcheance = echeance.mid(3, 2);
-        r.wLettrage = false;
-        r.wSectionEcr = 0;
-        r.wVentilEcr = 0;
-        acces::MajLigne("wSaisie", "wNumEcrt=? AND wNumCpt=?", r, wNumEcrt, numero.trimmed());
+    if (const auto l = saisie::LireLigne(wNumEcrt, numero)) {
+        const Montant m = MontantDepuisTexte(montant);
+        saisie::EcrireMontant(l->rowid, {m, saisie::SensDuMontant(l->s.wErEcr, m),
+                                         session().DateSaisieCourante, ui::TexteDate(ui->Text1),
+                                         ui::TexteDate(ui->Text3)});
     }
-    bool allNul = true;
-    Montant gauche, droite;
-    auto& q = Requete("SELECT wErEcr, wMntEcr FROM wSaisie");
-    while (q.executeStep()) {
-        const QString code = QString::fromUtf8(q.getColumn(0).getText()).trimmed();
-        const Montant m = Montant::depuisDixMilliemes(q.getColumn(1).getInt64());
-        if (m != Montant()) allNul = false;
-        if (code == QLatin1String("E1") || code == QLatin1String("E2")) gauche = gauche + m;
-        if (code == QLatin1String("R1") || code == QLatin1String("R2")) droite = droite + m;
-    }
-    q.reset();
-    ui->Label12->setText(FormaterMontant(gauche, session().FormatMontant));
-    ui->Label13->setText(FormaterMontant(droite, session().FormatMontant));
-    ui->Command1->setEnabled(gauche == droite && !allNul);
+    const saisie::Cotes cotes = saisie::SommerCotes();
+    ui->Label12->setText(FormaterMontant(cotes.gauche, session().FormatMontant));
+    ui->Label13->setText(FormaterMontant(cotes.droite, session().FormatMontant));
+    ui->Command1->setEnabled(cotes.gauche == cotes.droite && !cotes.tousNuls);
 }
 
 void SaisQuad::Command1_Click() {
     if (!ControlerEquilibre()) return;
-    if (ui->Text2->text().isEmpty()) {
-        ui::Boite(QStringLiteral("Vous DEVEZ saisir un libellé."), kTitre, ui::Icone::Exclamation);
-        return;
-    }
-    const QString echeance = ui::TexteDate(ui->Text3);
-    if (ui->Text3->isVisible() && echeance != ui::DateVide() && !ConfirmerEcheance(echeance)) {
-        ui->Text3->setFocus();
-        return;
-    }
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    // Valeur liée : le libellé est rangé tel qu'il est tapé, guillemets compris.
-    auto& q = Requete("UPDATE wSaisie SET wLibEcr=?");
-    q.bind(1, TexteRange(ui->Text2->text().trimmed(), 40).toStdString());
-    q.exec();
-    PasserEcriture(ui->Label1->text(), QStringLiteral("E"));
-    QApplication::restoreOverrideCursor();
-    EcriturePassee() = true;
+    if (!ValiderEtPasser(ui->Text2, ui->Text3, ui->Label1->text())) return;
+    session().EcriturePassee = true;
     done(CodeOK);
 }
 
 void SaisQuad::Command2_Click() {
-    EcriturePassee() = false;
+    session().EcriturePassee = false;
     Retour();
 }
 
@@ -254,33 +196,19 @@ void SaisQuad::Command4_Click() {
 }
 
 void SaisQuad::Command5_Click() {
-    if (CompteChoisi().toInt() == 0) {
-        ui::Boite(QStringLiteral("Aucun compte n'est sélectionné !"), kTitre,
-                  ui::Icone::Information);
-        return;
-    }
-    DetailCp e(this);
-    e.exec();
+    OuvrirDetailCompte(this, session().CompteChoisi);
 }
 
 void SaisQuad::Text1_LostFocus() {
-    if (!DateValide(ui::TexteDate(ui->Text1))) {
-        ui::Boite(QStringLiteral("La date a été mal saisie."), kTitre, ui::Icone::Exclamation);
-        ui->Text1->setFocus();
-    }
+    ControlerChampDate(ui->Text1, false);
 }
 
 void SaisQuad::Text2_LostFocus() {
-    if (ui->Text2->text().isEmpty())
-        ui::Boite(QStringLiteral("Le libellé est OBLIGATOIRE"), kTitre, ui::Icone::Exclamation);
+    ControlerChampLibelle(ui->Text2);
 }
 
 void SaisQuad::Text3_LostFocus() {
-    const QString texte = ui::TexteDate(ui->Text3);
-    if (texte != ui::DateVide() && !DateValide(texte)) {
-        ui::Boite(QStringLiteral("La date a été mal saisie."), kTitre, ui::Icone::Exclamation);
-        ui->Text3->setFocus();
-    }
+    ControlerChampDate(ui->Text3, true);
 }
 
 bool SaisQuad::eventFilter(QObject* objet, QEvent* evenement) {

@@ -1,19 +1,15 @@
 #include "entry/Saislog.h"
 
+#include "base/Texte.h"
+#include "entry/DonneesSaisie.h"
 #include "entry/LigneMenu.h"
-#include "entry/SessionSaisie.h"
 #include "session/Session.h"
-#include "session/Texte.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
 #include "ui_Saislog.h"
 
-#if __has_include("entry/ChoixCpt.h")
 #include "entry/ChoixCpt.h"
-#define MAROVAL_CHOIXCPT 1
-#endif
 
 namespace ecran {
 
@@ -37,18 +33,20 @@ void Saislog::Form_Load() {
 }
 
 void Saislog::List1_Click() {
-    CleMenuSaisie() = QString::number(ui->List1->currentRow() + 1);
+    session().CleMenuSaisie = QString::number(ui->List1->currentRow() + 1);
     ui->List2->clear();
     // Les lignes de la famille, sans trou depuis 1 : une ligne après un trou n'est jamais offerte.
     table::Tableau t;
     for (int n = 1;; ++n) {
-        if (!LireLigneMenu(CleMenuSaisie() + QString::number(n) + QLatin1Char('1'), t)) break;
+        if (!LireLigneMenu(session().CleMenuSaisie + QString::number(n) + QLatin1Char('1'), t))
+            break;
         ui->List2->addItem(t.tLibMenuprinc);
     }
 }
 
 void Saislog::List2_Click() {
-    CleMenuSaisie() = CleMenuSaisie().left(1) + QString::number(ui->List2->currentRow() + 1);
+    session().CleMenuSaisie =
+        session().CleMenuSaisie.left(1) + QString::number(ui->List2->currentRow() + 1);
 }
 
 void Saislog::List2_DblClick() {
@@ -57,8 +55,8 @@ void Saislog::List2_DblClick() {
 }
 
 void Saislog::Command1_Click() {
-    Base().exec("DELETE FROM wSaisie");
-    if (CleMenuSaisie().size() != 2) {
+    saisie::Vider();
+    if (session().CleMenuSaisie.size() != 2) {
         ui::Boite(QStringLiteral("N'oubliez pas de sélectionner un menu à droite."),
                   QStringLiteral("Maroval"), ui::Icone::Information);
         return;
@@ -66,18 +64,16 @@ void Saislog::Command1_Click() {
     table::Constante c;
     LireConstante(CleCourante(), c);
     const QString dateFin = DateVersEcran(c.DateFin);
-    if (CleMenuSaisie() == QLatin1String("57") && session().DateSaisieCourante != dateFin) {
+    if (session().CleMenuSaisie == QLatin1String("57") && session().DateSaisieCourante != dateFin) {
         ui::Boite(QStringLiteral("Pour passer l'écriture du résultat il faut que la date de "
                                  "saisie soit identique à la date de fin d'exercice."),
                   QStringLiteral("Maroval"), ui::Icone::Information);
         return;
     }
-#ifdef MAROVAL_CHOIXCPT
     setCursor(Qt::WaitCursor);
     ChoixCpt e(this);
     e.exec();
     unsetCursor();
-#endif
 }
 
 void Saislog::Command2_Click() {

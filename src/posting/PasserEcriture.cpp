@@ -1,10 +1,10 @@
 #include "posting/PasserEcriture.h"
 
+#include "base/Valeur.h"
 #include "posting/Securite.h"
 #include "posting/TableTravail.h"
 #include "posting/Totaux.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"

@@ -1,8 +1,8 @@
 #include "posting/Securite.h"
 
+#include "base/Valeur.h"
 #include "session/FichierProfil.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"

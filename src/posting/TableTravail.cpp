@@ -1,6 +1,6 @@
 #include "posting/TableTravail.h"
 
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "session/Session.h"
 #include "store/Acces.h"
 #include "store/Routines.h"

@@ -1,7 +1,7 @@
 #include "posting/Totaux.h"
 
+#include "base/ErreurExecution.h"
 #include "store/Routines.h"
-#include "ui/Application.h"
 
 #include <cmath>
 
@@ -16,7 +16,7 @@ bool Est(const QString& texte, const char* valeur) {
 // Un mois hors de 0 à 12 est l'erreur d'exécution du programme (indice hors limites).
 Montant& DuMois(table::Mensuel& m, int mois) {
     if (mois < 0 || mois > 12)
-        ui::LeverErreurExecution(
+        LeverErreurExecution(
             QStringLiteral("L'indice n'appartient pas à la sélection : mois %1").arg(mois));
     return m[static_cast<std::size_t>(mois)];
 }
@@ -39,7 +39,7 @@ void MouvementerCompte(const QString& cle, const QString& numero, const QString&
     LireCompte(cle, numero, c);
     Mouvementer(c, dc, m, mois);
     if (!MajCompte(cle, numero, c))
-        ui::LeverErreurExecution(
+        LeverErreurExecution(
             QStringLiteral("Aucun enregistrement en cours : le compte %1 n'existe pas dans "
                            "l'exercice %2.")
                 .arg(numero.trimmed(), cle));
@@ -141,7 +141,7 @@ void MajConstanteEcriture(const QString& cle, const CumulsEcriture& k, const QSt
 table::Entier EnEntier(double valeur) {
     const double v = std::nearbyint(valeur);
     if (!(v >= -32768 && v <= 32767))
-        ui::LeverErreurExecution(QStringLiteral("Dépassement de capacité : %1").arg(valeur));
+        LeverErreurExecution(QStringLiteral("Dépassement de capacité : %1").arg(valeur));
     return static_cast<table::Entier>(v);
 }
 

@@ -2,7 +2,7 @@
 // Les cumuls que tient une écriture : totaux des journaux, classes et postes du bilan de
 // la table Constante, cumuls du compte, de son collectif et de son budget.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "store/Enregistrements.h"
 
 #include <QString>

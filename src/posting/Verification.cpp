@@ -1,11 +1,11 @@
 #include "posting/Verification.h"
 
+#include "base/ErreurExecution.h"
+#include "base/Valeur.h"
 #include "posting/Totaux.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Base.h"
 #include "store/Routines.h"
-#include "ui/Application.h"
 
 #include <QDir>
 #include <QFile>
@@ -132,8 +132,8 @@ bool Verification() {
     const QString cle = CleCourante();
     QFile fichier(QDir(s.DossierDonnees).filePath(QStringLiteral("verif.txt")));
     if (!fichier.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        ui::LeverErreurExecution(QStringLiteral("Impossible d'écrire le fichier %1 : %2")
-                                     .arg(fichier.fileName(), fichier.errorString()));
+        LeverErreurExecution(QStringLiteral("Impossible d'écrire le fichier %1 : %2")
+                                 .arg(fichier.fileName(), fichier.errorString()));
     table::Constante k;
     LireConstante(cle, k);
 
@@ -203,8 +203,8 @@ bool Verification() {
 
     const QByteArray texte = (t.join(u'\n') + u'\n').toUtf8();
     if (fichier.write(texte) != texte.size() || !fichier.flush())
-        ui::LeverErreurExecution(QStringLiteral("Impossible d'écrire le fichier %1 : %2")
-                                     .arg(fichier.fileName(), fichier.errorString()));
+        LeverErreurExecution(QStringLiteral("Impossible d'écrire le fichier %1 : %2")
+                                 .arg(fichier.fileName(), fichier.errorString()));
     fichier.close();
     return totaux && postes && resultat && budget;
 }

@@ -2,7 +2,7 @@
 // Vérification des livres : la balance et le journal recalculés depuis les lignes sont
 // comparés aux cumuls tenus par les écritures ; le détail va dans verif.txt.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 
 #include <QString>
 

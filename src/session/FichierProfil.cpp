@@ -1,6 +1,6 @@
 #include "session/FichierProfil.h"
 
-#include "session/Durable.h"
+#include "base/Durable.h"
 
 #include <QFile>
 #include <QFileInfo>

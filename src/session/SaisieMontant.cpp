@@ -1,7 +1,7 @@
 #include "session/SaisieMontant.h"
 
+#include "base/Texte.h"
 #include "session/Session.h"
-#include "session/Texte.h"
 
 bool MontantLisible(const QString& texte) {
     QString t = SansEspaces(texte);

@@ -1,9 +1,9 @@
 #include "session/Session.h"
 
-#include "session/Montant.h"
+#include "base/ErreurExecution.h"
+#include "base/Montant.h"
 #include "store/Base.h"
 #include "store/Routines.h"
-#include "ui/Application.h"
 
 #include <QDir>
 
@@ -19,7 +19,7 @@ QString CleCourante() {
 QString NomMois(int mois) {
     const QStringList& noms = session().NomsMois;
     if (mois < 1 || mois > noms.size())
-        ui::LeverErreurExecution(
+        LeverErreurExecution(
             QStringLiteral("Indice en dehors de la plage (mois %1 dans la liste des mois).")
                 .arg(mois));
     return noms.at(mois - 1);

@@ -24,6 +24,18 @@ struct Session {
     std::int16_t ModeCreSociete = 0;
     bool SauvegardeAutorisee = true;
     QString LigneCommande; // arguments du programme, sans son nom
+
+    // Compte désigné dans une liste (plan, balance, choix des comptes) pour l'écran qu'on
+    // ouvre ensuite : détail de ses lignes, changement de son libellé.
+    QString CompteChoisi;
+    // Saisie : une lettre (famille seule) ou deux (famille et ligne), la clé du menu choisi.
+    QString CleMenuSaisie;
+    // Libellé du menu en saisie logique, code de trésorerie en saisie débit/crédit.
+    QString LigneMenuSaisie;
+    // Lettre du journal de la saisie en cours.
+    QString JournalSaisie;
+    // Vrai quand l'écran de saisie revient après avoir passé l'écriture.
+    bool EcriturePassee = false;
 };
 
 Session& session();

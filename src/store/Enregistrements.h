@@ -3,7 +3,7 @@
 // de blancs à la lecture, coupés à l'écriture), montants mensuels en tableaux indexés
 // de 1 à 12 (la case 0 ne sert jamais).
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 
 #include <QString>
 #include <array>

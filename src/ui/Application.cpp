@@ -9,13 +9,6 @@
 
 namespace ui {
 
-ErreurExecution::ErreurExecution(const QString& description)
-    : std::runtime_error(description.toStdString()) {}
-
-void LeverErreurExecution(const QString& description) {
-    throw ErreurExecution(description);
-}
-
 void SignalerErreurExecution(const QString& description) {
     static bool enCours = false;
     if (!enCours) {

@@ -3,7 +3,7 @@
 #include "BancSauvegarde.h"
 #include "backup/Backup.h"
 #include "backup/Restauration.h"
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "posting/LivresEssai.h"
 #include "posting/PasserEcriture.h"
 #include "posting/Verification.h"

@@ -3,7 +3,7 @@
 // lignes chargées dans une base neuve, numéro cherché à la création d'un compte, copie
 // d'un plan type et comptes qu'une case de menu propose.
 
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 #include "support/DossierEssai.h"

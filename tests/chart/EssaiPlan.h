@@ -6,7 +6,7 @@
 
 #include "support/DossierEssai.h"
 
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "posting/PasserEcriture.h"
 #include "session/Session.h"
 #include "store/Base.h"

@@ -4,7 +4,7 @@
 
 #include "support/DossierEssai.h"
 
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "posting/LivresEssai.h"
 #include "store/Base.h"
 #include "store/Routines.h"

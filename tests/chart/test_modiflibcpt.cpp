@@ -5,10 +5,10 @@
 #include "EssaiPlan.h"
 #include "support/PiloteModal.h"
 
-#include "chart/CompteChoisi.h"
 #include "chart/GestionPlan.h"
 #include "chart/ModifLibCpt.h"
 #include "chart/Plan2.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 #include "ui/Grille.h"
 
@@ -79,7 +79,7 @@ private slots:
         QCOMPARE(titre, QStringLiteral("Modifier le libellé d'un compte"));
         QCOMPARE(numero, QStringLiteral("607"));
         QCOMPARE(libelle, QStringLiteral("Achats"));
-        QCOMPARE(CompteChoisi(), QStringLiteral("607"));
+        QCOMPARE(session().CompteChoisi, QStringLiteral("607"));
     }
 
     void guillemet_rangeUneSeuleFoisAvecLeBudget() {
@@ -138,7 +138,7 @@ private slots:
     }
 
     void sansPlan_leCompteChoisi() {
-        CompteChoisi() = QStringLiteral("512");
+        session().CompteChoisi = QStringLiteral("512");
         ecran::ModifLibCpt m;
         QCOMPARE(m.findChild<QLabel*>("Label1")->text(), QStringLiteral("512"));
         QCOMPARE(m.findChild<QLineEdit*>("EDlibelle")->text(), QStringLiteral("Banque"));

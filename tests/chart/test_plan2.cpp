@@ -7,9 +7,9 @@
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 
-#include "chart/CompteChoisi.h"
 #include "chart/Plan2.h"
 #include "session/FichierProfil.h"
+#include "session/Session.h"
 #include "ui/Aide.h"
 #include "ui/Application.h"
 #include "ui/Grille.h"
@@ -358,7 +358,7 @@ private slots:
         pilote.Demarrer();
         support::CliquerCellule(Tree3(e.get()), 0, 0, true);
         QVERIFY2(pilote.AttendreFin(), qPrintable(pilote.Echec()));
-        QCOMPARE(CompteChoisi(), QStringLiteral("512"));
+        QCOMPARE(session().CompteChoisi, QStringLiteral("512"));
         QCOMPARE(titre, QStringLiteral("512   Banque"));
     }
 

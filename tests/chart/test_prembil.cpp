@@ -6,9 +6,9 @@
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 
+#include "base/Reglages.h"
 #include "chart/GestionPlan.h"
 #include "chart/Prembil.h"
-#include "session/Reglages.h"
 #include "session/SaisieMontant.h"
 #include "ui/Aide.h"
 #include "ui/Application.h"

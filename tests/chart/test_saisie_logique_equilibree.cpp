@@ -4,7 +4,7 @@
 
 #include "DonneesReference.h"
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 

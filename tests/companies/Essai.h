@@ -133,9 +133,9 @@ inline void ReleverToutesOuvertures() {
 
 } // namespace essai
 
+#include "base/Reglages.h"
 #include "companies/General.h"
 #include "companies/Societe.h"
-#include "session/Reglages.h"
 
 namespace essai {
 

@@ -3,15 +3,15 @@
 
 #include "Essai.h"
 
+#include "base/Montant.h"
+#include "base/Reglages.h"
 #include "companies/APropos.h"
-#include "companies/BoiteAide.h"
 #include "companies/Options.h"
-#include "companies/Personalisation.h"
 #include "session/FichierProfil.h"
-#include "session/Montant.h"
-#include "session/Reglages.h"
 #include "ui/Application.h"
+#include "ui/BoiteAide.h"
 #include "ui/Grille.h"
+#include "ui/Personalisation.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -146,7 +146,7 @@ private slots:
         const int largeurOrigine = grille->LargeurColonne(2);
         grille->FixerLargeurColonne(0, 90);
         grille->FixerLargeurColonne(1, 130);
-        ecran::SauverPersonalisations(&journal, {grille});
+        ui::SauverPersonalisations(&journal, {grille});
         QCOMPARE(LireReglage("JournalForm", "width"), QStringLiteral("500"));
         QCOMPARE(LireReglage("JournalForm", "height"), QStringLiteral("300"));
         QCOMPARE(LireReglage("JournalTree1", "col1"), QStringLiteral("130"));
@@ -155,7 +155,7 @@ private slots:
         ui::Grille* grille2 = EcranJournal(autre);
         autre.resize(200, 100);
         EffacerReglage("JournalTree1", "col2");
-        ecran::RestaurerPersonalisations(&autre, {grille2});
+        ui::RestaurerPersonalisations(&autre, {grille2});
         QCOMPARE(autre.size(), QSize(500, 300));
         QCOMPARE(autre.pos(), QPoint(40, 30));
         QCOMPARE(grille2->LargeurColonne(0), 90);
@@ -167,12 +167,12 @@ private slots:
         QWidget bilan;
         bilan.setObjectName("Bilan");
         bilan.resize(321, 234);
-        ecran::RestaurerPersonalisations(&bilan, {});
+        ui::RestaurerPersonalisations(&bilan, {});
         QCOMPARE(bilan.size(), QSize(321, 234));
     }
 
     void boiteAide_messagesSepares_suivantRevientAuPremier() {
-        ecran::BoiteAide boite;
+        ui::BoiteAide boite;
         boite.show();
         auto* texte = boite.findChild<QLabel*>("LBAide");
         auto* suivant = boite.findChild<QPushButton*>("BTMsgSuivant");
@@ -248,20 +248,7 @@ private slots:
         QVERIFY(e->isVisible());
     }
 
-    void apropos_verificationPasLivree_previent() {
-        ecran::APropos::FixerVerification(ecran::APropos::Verificateur());
-        auto e = Montrer<ecran::APropos>();
-        ui::RepondreBoite(ui::Reponse::Oui);
-        ui::RepondreBoite(ui::Reponse::OK);
-        QTest::keyClick(e->findChild<QPushButton*>("Command1"), Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(essai::TextesBoites(),
-                 QStringList({"Voulez-vous lancer la fonction de vérification de la "
-                              "comptabilité ?",
-                              ecran::TexteEcranAbsent()}));
-    }
-
     void apropos_verificationDuMoteur_exerciceNeufCorrecte() {
-        if (!ecran::APropos::VerificationLivree()) QSKIP("vérification pas encore livrée");
         const int n = essai::Societe("Boulangerie Martin");
         essai::AjouterAnnee(n, 2024);
         session().NumSocCourante = static_cast<std::int16_t>(n);

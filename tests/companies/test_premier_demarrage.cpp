@@ -4,9 +4,9 @@
 
 #include "Essai.h"
 
+#include "base/Reglages.h"
+#include "companies/Demarrage.h"
 #include "companies/General.h"
-#include "session/Demarrage.h"
-#include "session/Reglages.h"
 #include "ui/Application.h"
 #include "ui/Fin.h"
 #include "ui/Horloge.h"

@@ -3,9 +3,9 @@
 
 #include "Essai.h"
 
+#include "base/Reglages.h"
 #include "companies/General.h"
 #include "companies/Societe.h"
-#include "session/Reglages.h"
 #include "ui/Application.h"
 #include "ui/ChampDate.h"
 #include "ui/Fin.h"

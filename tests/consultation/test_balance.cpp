@@ -6,9 +6,9 @@
 #include "EssaiConsultation.h"
 #include "support/GestesGrille.h"
 
-#include "chart/CompteChoisi.h"
 #include "consultation/Balance.h"
 #include "posting/Verification.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 
 #include <QHeaderView>
@@ -155,7 +155,7 @@ private slots:
         pilote.Demarrer();
         support::CliquerCellule(Grille(e.get(), "Tree1"), 3, 1, true);
         QVERIFY2(pilote.AttendreFin(), qPrintable(pilote.Echec()));
-        QCOMPARE(CompteChoisi(), QStringLiteral("512"));
+        QCOMPARE(session().CompteChoisi, QStringLiteral("512"));
         QCOMPARE(titre, QStringLiteral("512   Banque"));
     }
 

@@ -5,9 +5,9 @@
 #include "EssaiConsultation.h"
 #include "support/GestesGrille.h"
 
-#include "chart/CompteChoisi.h"
 #include "consultation/Bilan.h"
 #include "consultation/Resultat.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 
 using namespace essai;
@@ -128,7 +128,7 @@ private slots:
         pilote.Demarrer();
         support::CliquerCellule(Grille(e.get(), "Tree2"), 1, 0, true);
         QVERIFY2(pilote.AttendreFin(), qPrintable(pilote.Echec()));
-        QCOMPARE(CompteChoisi(), QStringLiteral("101"));
+        QCOMPARE(session().CompteChoisi, QStringLiteral("101"));
         QCOMPARE(titre, QStringLiteral("101   Capital"));
         // Grilles vides : un compte vide part au détail.
         Base().exec("UPDATE Compte SET ErCpt='NN' WHERE ErCpt IN ('E2', 'R2')");
@@ -137,11 +137,11 @@ private slots:
         support::PiloteModal second;
         second.Attendre("DetailCp", [&](QWidget* d) { support::CliquerBouton(d, "Command1"); });
         second.Demarrer();
-        CompteChoisi() = QStringLiteral("xx");
+        session().CompteChoisi = QStringLiteral("xx");
         QTest::mouseDClick(Grille(r.get(), "Tree1")->viewport(), Qt::LeftButton, {},
                            QPoint(20, 20));
         QVERIFY2(second.AttendreFin(), qPrintable(second.Echec()));
-        QCOMPARE(CompteChoisi(), QString());
+        QCOMPARE(session().CompteChoisi, QString());
     }
 
     void export_bilanOctets() {

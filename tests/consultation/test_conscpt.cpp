@@ -6,12 +6,12 @@
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 
-#include "chart/CompteChoisi.h"
 #include "chart/GestionPlan.h"
 #include "chart/Ouverture.h"
 #include "consultation/ConsCpt.h"
 #include "consultation/DetailCp.h"
 #include "consultation/Export.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 #include "ui/Grille.h"
 
@@ -253,7 +253,7 @@ private slots:
         session().MoisDebutExercice = CalculMoisDebutExercice(QStringLiteral("20240201"));
         auto e = Montrer();
         Choisir512(e.get());
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution, e->Command6_Click());
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution, e->Command6_Click());
     }
 
     void cumuls_moisHorsDeLaListeEstLErreurDExecution() {
@@ -261,7 +261,7 @@ private slots:
         session().MoisDebutExercice = CalculMoisDebutExercice(QStringLiteral("20240301"));
         auto e = Montrer();
         Choisir512(e.get());
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution, e->Command6_Click());
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution, e->Command6_Click());
     }
 
     void mois_priseDansLesCumulsQuandIlsSontMontres() {
@@ -398,7 +398,7 @@ private slots:
     }
 
     void detail_lignesDuCompteChoisiEtExport() {
-        CompteChoisi() = QStringLiteral("411001");
+        session().CompteChoisi = QStringLiteral("411001");
         ecran::DetailCp d;
         d.show();
         QCOMPARE(d.objectName(), QStringLiteral("DetailCp"));
@@ -421,7 +421,7 @@ private slots:
     }
 
     void detail_soldeDepartEstLeSoldeDeDebut() {
-        CompteChoisi() = QStringLiteral("512");
+        session().CompteChoisi = QStringLiteral("512");
         ecran::DetailCp d;
         ui::Grille* g = Grille(&d, "Tree1");
         QCOMPARE(g->Texte(0, 5), QStringLiteral("1 120,00 E"));

@@ -6,8 +6,10 @@
 #include "../entry/SaisieEssai.h"
 #include "EssaiConsultation.h"
 
+#include "base/Reglages.h"
 #include "chart/Plan2.h"
 #include "chart/Prembil.h"
+#include "companies/Demarrage.h"
 #include "companies/General.h"
 #include "companies/OuvertureEcrans.h"
 #include "consultation/Balance.h"
@@ -17,8 +19,6 @@
 #include "entry/Annul.h"
 #include "entry/Choisais.h"
 #include "entry/SaisDC2.h"
-#include "session/Demarrage.h"
-#include "session/Reglages.h"
 #include "ui/Application.h"
 #include "ui/Horloge.h"
 
@@ -92,8 +92,8 @@ class TestPremiereAnnee : public QObject {
                        const QString& libelle) {
         session().DateSaisieCourante = date;
         Base().exec("DELETE FROM wSaisie");
-        JournalSaisie() = journal;
-        LigneMenuSaisie() = QString();
+        session().JournalSaisie = journal;
+        session().LigneMenuSaisie = QString();
         ecran::SaisDC2 e;
         e.show();
         auto* t1 = e.findChild<ui::Grille*>("Tree1");

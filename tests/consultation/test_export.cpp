@@ -156,7 +156,7 @@ private slots:
     }
 
     void ecritureImpossible_estLErreurDExecution() {
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution,
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution,
                                  FichierCsv(dossier->Fichier("absent/x.csv"), ";"));
     }
 };

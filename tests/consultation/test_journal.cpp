@@ -4,8 +4,8 @@
 
 #include "EssaiConsultation.h"
 
+#include "base/Reglages.h"
 #include "consultation/Journal.h"
-#include "session/Reglages.h"
 #include "ui/Application.h"
 #include "ui/Horloge.h"
 

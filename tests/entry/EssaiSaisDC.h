@@ -5,7 +5,7 @@
 #include "EssaiJournal.h"
 
 #include "entry/SaisDC2.h"
-#include "entry/SessionSaisie.h"
+#include "session/Session.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -40,8 +40,8 @@ struct EcranDC {
     void Ouvrir(const QString& journal, const QString& ligne = QString()) {
         ViderSaisie();
         Executer("UPDATE Constante SET DateSaisie='20240315'");
-        JournalSaisie() = journal;
-        LigneMenuSaisie() = ligne;
+        session().JournalSaisie = journal;
+        session().LigneMenuSaisie = ligne;
         e = std::make_unique<ecran::SaisDC2>();
         t1 = e->findChild<ui::Grille*>("Tree1");
         t2 = e->findChild<ui::Grille*>("Tree2");

@@ -6,8 +6,9 @@
 
 #include "chart/DonneesReference.h"
 #include "chart/EssaiPlan.h"
+#include "entry/DonneesSaisie.h"
 #include "entry/LigneMenu.h"
-#include "entry/SessionSaisie.h"
+#include "session/Session.h"
 #include "ui/Grille.h"
 
 namespace essai {
@@ -18,7 +19,7 @@ inline void Preparer(const QString& numero, const QString& cle, double rang) {
     QVERIFY2(LireCompte(Cle, numero, c), qPrintable(numero));
     table::Tableau t;
     QVERIFY2(LireLigneMenu(cle, t), qPrintable(cle));
-    table::Saisie r = LignePreparee(c, t, rang, cle);
+    table::Saisie r = saisie::LignePreparee(c, t, rang, cle);
     AjouterSaisie(r);
 }
 

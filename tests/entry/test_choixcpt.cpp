@@ -9,7 +9,7 @@
 #include "chart/DonneesReference.h"
 #include "chart/EssaiPlan.h"
 #include "entry/ChoixCpt.h"
-#include "entry/SessionSaisie.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 #include "ui/Grille.h"
 
@@ -73,8 +73,8 @@ private slots:
         dossier = std::make_unique<support::DossierEssai>();
         OuvrirExercice(*dossier);
         CopierPlan(QStringLiteral("0001"));
-        CleMenuSaisie() = QStringLiteral("11");
-        EcriturePassee() = false;
+        session().CleMenuSaisie = QStringLiteral("11");
+        session().EcriturePassee = false;
         ui::ViderJournalBoites();
     }
     void cleanup() {
@@ -86,7 +86,7 @@ private slots:
         ecran::ChoixCpt e;
         e.show();
         QCOMPARE(e.windowTitle(), QStringLiteral("Choix des Comptes"));
-        QCOMPARE(LigneMenuSaisie(), CaseDeMenu("111").tLibMenuprinc.leftJustified(50));
+        QCOMPARE(session().LigneMenuSaisie, CaseDeMenu("111").tLibMenuprinc.leftJustified(50));
         QCOMPARE(e.findChild<QLabel*>("Label3")->text().trimmed(), CaseDeMenu("111").tLibMenuprinc);
         QCOMPARE(e.findChild<QRadioButton*>("Option2")->text().trimmed(),
                  CaseDeMenu("112").tMessage);
@@ -98,7 +98,7 @@ private slots:
 
     void menuSansRappel_caseCacheeEtCochee_caseAbsenteInutilisee() {
         Base().exec("DELETE FROM Tableau WHERE tMenuLigne='123'");
-        CleMenuSaisie() = QStringLiteral("12");
+        session().CleMenuSaisie = QStringLiteral("12");
         ecran::ChoixCpt e;
         e.show();
         auto* rappel = e.findChild<QCheckBox*>("BCrappel");
@@ -208,7 +208,7 @@ private slots:
         Base().exec("UPDATE wSaisie SET wMntEcr=1000000");
         Base().exec("INSERT INTO wSaisie (wNumEcrt, wNumCpt, wRappel) VALUES (9, '677', 1)");
         e.hide();
-        EcriturePassee() = true;
+        session().EcriturePassee = true;
         e.show();
         QVERIFY(e.findChild<QRadioButton*>("Option3")->isChecked());
         QCOMPARE(Numeros(Grille(&e, "Tree2")), QStringList{"7071"});
@@ -225,7 +225,7 @@ private slots:
         QVERIFY(Choisir(&e, "7071"));
         e.findChild<QCheckBox*>("BCrappel")->setChecked(false);
         e.hide();
-        EcriturePassee() = true;
+        session().EcriturePassee = true;
         e.show();
         QVERIFY(e.findChild<QRadioButton*>("Option1")->isChecked());
         QCOMPARE(Compter("SELECT COUNT(*) FROM wSaisie"), 0);
@@ -273,7 +273,7 @@ private slots:
         e.FixerDebutChaine(true);
         e.exec();
         QVERIFY2(p.Reussi(), qPrintable(p.Echec()));
-        QCOMPARE(CompteChoisi(), ComptesProposes(CaseDeMenu("113")).first());
+        QCOMPARE(session().CompteChoisi, ComptesProposes(CaseDeMenu("113")).first());
     }
 };
 

@@ -59,8 +59,8 @@ private slots:
                  QStringLiteral(
                      "Saisie Débits / Crédits : Journal de trésorerie : Règlements fournisseurs"));
         QCOMPARE(comptes, (QStringList{"401001", "512", "530"}));
-        QCOMPARE(JournalSaisie(), QStringLiteral("T"));
-        QCOMPARE(LigneMenuSaisie(), QStringLiteral("32"));
+        QCOMPARE(session().JournalSaisie, QStringLiteral("T"));
+        QCOMPARE(session().LigneMenuSaisie, QStringLiteral("32"));
         // Un autre journal cache les opérations de trésorerie.
         EcranDC::CliquerOption(s.findChild<QRadioButton*>("Option4"));
         QVERIFY(!frame2->isVisible());

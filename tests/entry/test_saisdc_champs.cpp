@@ -3,7 +3,7 @@
 
 #include "EssaiSaisDC.h"
 
-#include "chart/CompteChoisi.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 #include "ui/ChampDate.h"
 
@@ -151,7 +151,7 @@ private slots:
         pilote.Demarrer();
         QTest::mouseClick(dc.Bouton("Command6"), Qt::LeftButton);
         QVERIFY2(pilote.AttendreFin(), qPrintable(pilote.Echec()));
-        QCOMPARE(CompteChoisi(), QStringLiteral("512"));
+        QCOMPARE(session().CompteChoisi, QStringLiteral("512"));
     }
 };
 

@@ -8,7 +8,7 @@
 #include "entry/Choisais.h"
 #include "entry/LigneMenu.h"
 #include "entry/Saislog.h"
-#include "entry/SessionSaisie.h"
+#include "session/Session.h"
 #include "ui/Application.h"
 
 #include <QListWidget>
@@ -59,7 +59,7 @@ private slots:
     void init() {
         dossier = std::make_unique<support::DossierEssai>();
         OuvrirExercice(*dossier);
-        CleMenuSaisie().clear();
+        session().CleMenuSaisie.clear();
         ui::ViderJournalBoites();
     }
     void cleanup() {
@@ -85,7 +85,7 @@ private slots:
         QVERIFY(LireLigneMenu(QStringLiteral("111"), t));
         t.tMenuAutorise = QString(255, QLatin1Char('1'));
         QCOMPARE(ClasseAutorisee(t, 20), 111);
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution, ClasseAutorisee(t, 21));
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution, ClasseAutorisee(t, 21));
     }
 
     void choisais_videWSaisieAuChargement() {
@@ -101,13 +101,13 @@ private slots:
         e.show();
         for (int famille = 1; famille <= 5; ++famille) {
             QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List1"), famille - 1));
-            QCOMPARE(CleMenuSaisie(), QString::number(famille));
+            QCOMPARE(session().CleMenuSaisie, QString::number(famille));
             const QStringList attendus = MenusDeFamille(famille);
             QVERIFY(!attendus.isEmpty());
             QCOMPARE(Lignes(&e, "List2"), attendus);
         }
         QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List2"), 1));
-        QCOMPARE(CleMenuSaisie(), QStringLiteral("52"));
+        QCOMPARE(session().CleMenuSaisie, QStringLiteral("52"));
     }
 
     void familleSansLigneUn_listeVide() {
@@ -134,9 +134,9 @@ private slots:
         e.show();
         QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List1"), 0));
         QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List2"), 0));
-        QCOMPARE(CleMenuSaisie(), QStringLiteral("11"));
+        QCOMPARE(session().CleMenuSaisie, QStringLiteral("11"));
         QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List1"), 0));
-        QCOMPARE(CleMenuSaisie(), QStringLiteral("1"));
+        QCOMPARE(session().CleMenuSaisie, QStringLiteral("1"));
         QVERIFY(!Lignes(&e, "List2").isEmpty());
         ui::RepondreBoite(ui::Reponse::OK);
         QVERIFY(support::CliquerBouton(&e, QStringLiteral("Command1")));
@@ -151,12 +151,12 @@ private slots:
         e.show();
         QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List1"), 4));
         QVERIFY(support::ChoisirLigneListe(&e, QStringLiteral("List2"), 6));
-        QCOMPARE(CleMenuSaisie(), QStringLiteral("57"));
+        QCOMPARE(session().CleMenuSaisie, QStringLiteral("57"));
         ui::RepondreBoite(ui::Reponse::OK);
         QVERIFY(support::CliquerBouton(&e, QStringLiteral("Command1")));
         QCOMPARE(TextesBoites(), QStringList{kResultat});
         QCOMPARE(LignesSaisie(), 0);
-        QCOMPARE(CleMenuSaisie(), QStringLiteral("57"));
+        QCOMPARE(session().CleMenuSaisie, QStringLiteral("57"));
     }
 
     void pile_retourRemontreChoisaisQuitterLeDecharge() {

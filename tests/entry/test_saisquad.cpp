@@ -72,9 +72,9 @@ private slots:
         dossier = std::make_unique<support::DossierEssai>();
         OuvrirExercice(*dossier);
         CopierPlan(QStringLiteral("0001"));
-        CleMenuSaisie() = QStringLiteral("11");
-        LigneMenuSaisie() = CaseDeMenu("111").tLibMenuprinc.leftJustified(50);
-        EcriturePassee() = false;
+        session().CleMenuSaisie = QStringLiteral("11");
+        session().LigneMenuSaisie = CaseDeMenu("111").tLibMenuprinc.leftJustified(50);
+        session().EcriturePassee = false;
         Base().exec("DELETE FROM wSaisie");
         ui::ViderJournalBoites();
     }
@@ -125,7 +125,7 @@ private slots:
     void actifPlusEtMoinsCent_okOuvertEtDebitCredit() {
         Preparer("512", "311", 1);
         Preparer("531", "312", 2);
-        CleMenuSaisie() = QStringLiteral("31");
+        session().CleMenuSaisie = QStringLiteral("31");
         Base().exec("UPDATE wSaisie SET wSigne='0'");
         ecran::SaisQuad e;
         e.show();
@@ -144,7 +144,7 @@ private slots:
         QVERIFY(support::CliquerBouton(&e, "Command1"));
         QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture WHERE DCEcr='D'"), 1);
         QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture WHERE DCEcr='C'"), 1);
-        QVERIFY(EcriturePassee());
+        QVERIFY(session().EcriturePassee);
         QVERIFY(Verification());
     }
 
@@ -263,7 +263,7 @@ private slots:
         e.exec();
         QVERIFY2(p.Reussi(), qPrintable(p.Echec()));
         QCOMPARE(montantRevu, QStringLiteral("250,00 E"));
-        QVERIFY(!EcriturePassee());
+        QVERIFY(!session().EcriturePassee);
         QVERIFY(!e.isVisible());
         QCOMPARE(Mnt("7071"), Euros(250));
         QCOMPARE(Compter("SELECT COUNT(*) FROM Ecriture"), 0);

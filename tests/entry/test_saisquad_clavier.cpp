@@ -104,7 +104,7 @@ private slots:
         OuvrirExercice(*dossier);
         CopierPlan(QStringLiteral("0001"));
         Base().exec("DELETE FROM wSaisie");
-        EcriturePassee() = false;
+        session().EcriturePassee = false;
         ui::ViderJournalBoites();
     }
     void cleanup() {
@@ -188,8 +188,8 @@ private slots:
         QVERIFY(Verification());
     }
     void ordreDuClavier_flechesHautEtRetourSansOK() {
-        CleMenuSaisie() = QStringLiteral("31");
-        LigneMenuSaisie() = CaseDeMenu("311").tLibMenuprinc;
+        session().CleMenuSaisie = QStringLiteral("31");
+        session().LigneMenuSaisie = CaseDeMenu("311").tLibMenuprinc;
         Preparer("512", "311", 1);
         Preparer("531", "312", 2);
         ecran::SaisQuad e;
@@ -236,7 +236,7 @@ private slots:
     void libelleVideQuitte_messageSansForcerLeFocus() {
         Preparer("7071", "111", 1);
         Preparer("411", "113", 2);
-        CleMenuSaisie() = QStringLiteral("11");
+        session().CleMenuSaisie = QStringLiteral("11");
         ecran::SaisQuad e;
         e.show();
         e.activateWindow();
@@ -247,7 +247,7 @@ private slots:
         QCOMPARE(TextesBoites(), QStringList{QStringLiteral("Le libellé est OBLIGATOIRE")});
         QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("Text3"));
         // Aucun compte courant : le détail le dit.
-        CompteChoisi().clear();
+        session().CompteChoisi.clear();
         ui::ViderJournalBoites();
         ui::RepondreBoite(ui::Reponse::OK);
         QVERIFY(support::CliquerBouton(&e, "Command5"));

@@ -4,7 +4,7 @@
 // fait ici depuis les lignes d'Ecriture, sans rien emprunter au moteur, et un vidage
 // complet des tables pour comparer deux états de la base.
 
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 #include "posting/PasserEcriture.h"
 #include "posting/Verification.h"
 #include "session/Session.h"

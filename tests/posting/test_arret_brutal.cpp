@@ -5,10 +5,10 @@
 
 #include "support/DossierEssai.h"
 
+#include "backup/Recup.h"
+#include "companies/Demarrage.h"
 #include "posting/LivresEssai.h"
-#include "posting/Recup.h"
 #include "posting/Verification.h"
-#include "session/Demarrage.h"
 #include "session/FichierProfil.h"
 #include "ui/Application.h"
 #include "ui/Boite.h"

@@ -480,7 +480,7 @@ private slots:
         s.wNumCpt = "708";
         AjouterSaisie(s);
         const QStringList avant = Vidage();
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution, Passer());
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution, Passer());
         QCOMPARE(Ini("Erreur"), QStringLiteral("2"));
         // Les livres n'ont pas bougé : tout le passage des livres est défait d'un bloc.
         QCOMPARE(Compter("SELECT count(*) FROM Ecriture"), 0);

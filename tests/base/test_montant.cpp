@@ -1,6 +1,6 @@
 // Arrondis, lecture d'un montant tapé et affichage des montants.
 
-#include "session/Montant.h"
+#include "base/Montant.h"
 
 #include <QTest>
 

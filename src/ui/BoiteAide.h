@@ -10,7 +10,7 @@ namespace Ui {
 class BoiteAide;
 }
 
-namespace ecran {
+namespace ui {
 
 class BoiteAide : public QFrame {
     Q_OBJECT
@@ -37,4 +37,4 @@ private:
     int rang = 0;
 };
 
-} // namespace ecran
+} // namespace ui

@@ -1,4 +1,4 @@
-#include "session/Durable.h"
+#include "base/Durable.h"
 
 #include <QFile>
 #include <fcntl.h>

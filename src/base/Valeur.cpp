@@ -1,4 +1,4 @@
-#include "session/Valeur.h"
+#include "base/Valeur.h"
 
 #include <QLocale>
 #include <cmath>

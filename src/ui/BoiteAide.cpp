@@ -1,10 +1,10 @@
-#include "companies/BoiteAide.h"
+#include "ui/BoiteAide.h"
 
 #include "ui_BoiteAide.h"
 
 #include <QStyle>
 
-namespace ecran {
+namespace ui {
 
 BoiteAide::BoiteAide(QWidget* parent) : QFrame(parent), ui(std::make_unique<Ui::BoiteAide>()) {
     ui->setupUi(this);
@@ -36,4 +36,4 @@ void BoiteAide::Montrer() {
     ui->BTMsgSuivant->setVisible(messages.size() > 1);
 }
 
-} // namespace ecran
+} // namespace ui

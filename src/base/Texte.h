@@ -29,8 +29,3 @@ QString VirguleVersPoint(const QString& texte);
 // Texte de la boîte d'erreur d'exécution : texte donné, ligne de tirets, numéro et libellé
 // de l'erreur, ligne de tirets.
 QString TexteErreur(const QString& texte, int numeroErreur, const QString& libelleErreur);
-
-// Boîte d'erreur d'exécution (restauration par disquettes), montrée seulement quand une
-// erreur est posée (numéro non nul). Définie à part (AfficherErreur.cpp) : elle seule
-// dépend des boîtes.
-void AfficherErreur(const QString& texte, int numeroErreur, const QString& libelleErreur);

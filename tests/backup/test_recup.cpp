@@ -4,11 +4,11 @@
 #include "support/DossierEssai.h"
 #include "support/PiloteModal.h"
 
+#include "backup/Recup.h"
+#include "companies/Demarrage.h"
 #include "posting/LivresEssai.h"
-#include "posting/Recup.h"
 #include "posting/Securite.h"
 #include "posting/Verification.h"
-#include "session/Demarrage.h"
 #include "session/FichierProfil.h"
 #include "ui/Application.h"
 #include "ui/Boite.h"

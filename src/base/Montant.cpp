@@ -1,6 +1,6 @@
-#include "session/Montant.h"
+#include "base/Montant.h"
 
-#include "session/Texte.h"
+#include "base/Texte.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "session/Reglages.h"
+#include "base/Reglages.h"
 
 #include <QSettings>
 

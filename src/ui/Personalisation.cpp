@@ -1,12 +1,12 @@
-#include "companies/Personalisation.h"
+#include "ui/Personalisation.h"
 
-#include "session/Reglages.h"
+#include "base/Reglages.h"
 #include "ui/Grille.h"
 
 #include <QSettings>
 #include <QWidget>
 
-namespace ecran {
+namespace ui {
 
 namespace {
 
@@ -14,7 +14,7 @@ QString SectionForm(const QWidget* ecran) {
     return ecran->objectName() + QStringLiteral("Form");
 }
 
-QString SectionGrille(const QWidget* ecran, const ui::Grille* grille) {
+QString SectionGrille(const QWidget* ecran, const Grille* grille) {
     return ecran->objectName() + grille->objectName();
 }
 
@@ -26,7 +26,7 @@ int Valeur(const QString& section, const QString& cle, int defaut) {
 
 } // namespace
 
-void RestaurerPersonalisations(QWidget* ecran, const QList<ui::Grille*>& grilles) {
+void RestaurerPersonalisations(QWidget* ecran, const QList<Grille*>& grilles) {
     const QString section = SectionForm(ecran);
     const QPoint position = ecran->pos();
     const int largeur = Valeur(section, QStringLiteral("width"), ecran->width());
@@ -36,35 +36,20 @@ void RestaurerPersonalisations(QWidget* ecran, const QList<ui::Grille*>& grilles
     ecran->move(Valeur(section, QStringLiteral("left"), position.x()),
                 Valeur(section, QStringLiteral("top"), position.y()));
     QSettings reglages(QStringLiteral("Maroval"), QStringLiteral("Maroval"));
-    for (ui::Grille* grille : grilles)
+    for (Grille* grille : grilles)
         grille->RestaurerLargeurs(reglages, SectionGrille(ecran, grille));
 }
 
-void SauverPersonalisations(const QWidget* ecran, const QList<ui::Grille*>& grilles) {
+void SauverPersonalisations(const QWidget* ecran, const QList<Grille*>& grilles) {
     const QString section = SectionForm(ecran);
     EcrireReglage(section, QStringLiteral("left"), QString::number(ecran->x()));
     EcrireReglage(section, QStringLiteral("top"), QString::number(ecran->y()));
     EcrireReglage(section, QStringLiteral("width"), QString::number(ecran->width()));
     EcrireReglage(section, QStringLiteral("height"), QString::number(ecran->height()));
     QSettings reglages(QStringLiteral("Maroval"), QStringLiteral("Maroval"));
-    for (const ui::Grille* grille : grilles)
+    for (const Grille* grille : grilles)
         grille->SauverLargeurs(reglages, SectionGrille(ecran, grille));
     reglages.sync();
 }
 
-QStringList SectionsFenetres() {
-    return {QStringLiteral("BalanceForm"),  QStringLiteral("BalanceTree1"),
-            QStringLiteral("BilanForm"),    QStringLiteral("BilanTree1"),
-            QStringLiteral("BilanTree2"),   QStringLiteral("JournalForm"),
-            QStringLiteral("JournalTree1"), QStringLiteral("PrembilForm"),
-            QStringLiteral("PrembilTree1"), QStringLiteral("PrembilTree2"),
-            QStringLiteral("ResultatForm"), QStringLiteral("ResultatTree1"),
-            QStringLiteral("ResultatTree2")};
-}
-
-void ReinitialiserFenetres() {
-    for (const QString& section : SectionsFenetres())
-        EffacerReglage(section);
-}
-
-} // namespace ecran
+} // namespace ui

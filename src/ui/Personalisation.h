@@ -4,15 +4,13 @@
 // "<Ecran><Grille>" (col0, col1...), l'écran et la grille nommés par leur objectName.
 
 #include <QList>
-#include <QStringList>
+#include <QString>
 
 class QWidget;
 
 namespace ui {
-class Grille;
-}
 
-namespace ecran {
+class Grille;
 
 // A l'ouverture : les valeurs gardées, à défaut la taille de l'écran lui-même et les
 // largeurs d'origine des colonnes ("vide").
@@ -20,9 +18,4 @@ void RestaurerPersonalisations(QWidget* ecran, const QList<ui::Grille*>& grilles
 // A la fermeture.
 void SauverPersonalisations(const QWidget* ecran, const QList<ui::Grille*>& grilles);
 
-// Les sections des cinq écrans qui se souviennent de leur taille.
-QStringList SectionsFenetres();
-// Efface ces sections (une section absente ne gêne pas).
-void ReinitialiserFenetres();
-
-} // namespace ecran
+} // namespace ui

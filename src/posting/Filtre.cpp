@@ -1,8 +1,8 @@
-#include "chart/Filtre.h"
+#include "posting/Filtre.h"
 
+#include "base/Valeur.h"
 #include "posting/Totaux.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 

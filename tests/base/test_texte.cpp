@@ -1,7 +1,8 @@
 // Dates, guillemets, blancs, séparateurs décimaux et texte de l'erreur d'exécution.
 
-#include "session/Texte.h"
+#include "base/Texte.h"
 #include "support/DossierEssai.h"
+#include "ui/AfficherErreur.h"
 #include "ui/Boite.h"
 
 #include <QDate>

@@ -1,10 +1,10 @@
-#include "posting/Recup.h"
+#include "backup/Recup.h"
 
 #include "backup/Backup.h"
+#include "base/Valeur.h"
 #include "posting/Securite.h"
 #include "posting/Verification.h"
 #include "session/Session.h"
-#include "session/Valeur.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"
 #include "ui_Recup.h"

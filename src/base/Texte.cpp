@@ -1,4 +1,4 @@
-#include "session/Texte.h"
+#include "base/Texte.h"
 
 #include <array>
 

@@ -3,10 +3,10 @@
 
 #include "support/DossierEssai.h"
 
+#include "base/Reglages.h"
+#include "companies/Demarrage.h"
 #include "posting/Securite.h"
-#include "session/Demarrage.h"
 #include "session/FichierProfil.h"
-#include "session/Reglages.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -156,8 +156,8 @@ private slots:
         QVERIFY(Demarrage({"maroval"}));
         QCOMPARE(NomMois(1), QStringLiteral("Janvier"));
         QCOMPARE(NomMois(12), QStringLiteral("Décembre"));
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution, NomMois(13));
-        QVERIFY_THROWS_EXCEPTION(ui::ErreurExecution, NomMois(0));
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution, NomMois(13));
+        QVERIFY_THROWS_EXCEPTION(ErreurExecution, NomMois(0));
         // Jetée depuis un événement, elle donne la boîte et une fin propre.
         ui::RepondreBoite(ui::Reponse::OK);
         QTimer::singleShot(0, [] { NomMois(22); });

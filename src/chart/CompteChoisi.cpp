@@ -1,6 +1,0 @@
-#include "chart/CompteChoisi.h"
-
-QString& CompteChoisi() {
-    static QString compte;
-    return compte;
-}
