@@ -1,14 +1,12 @@
 #include "chart/Plan2.h"
 
-#include "base/Valeur.h"
+#include "chart/DonneesPlan.h"
 #include "chart/GestionPlan.h"
 #include "chart/ModifLibCpt.h"
 #include "chart/Prembil.h"
 #include "consultation/DetailCp.h"
 #include "posting/Filtre.h"
-#include "session/FichierProfil.h"
 #include "session/Session.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
@@ -16,23 +14,17 @@
 
 #include <QKeyEvent>
 #include <QShowEvent>
-#include <SQLiteCpp/Transaction.h>
 
 namespace ecran {
 
 namespace {
 
-const QString sectionPlans = QStringLiteral("Plans Types");
 const QString masqueGeneral = QStringLiteral("00000000;_");
 const QString masqueClient = QStringLiteral("41>nnnnnn;_");
 const QString masqueFournisseur = QStringLiteral("4\\0>nnnnnn;_");
 
 void Refuser(const QString& texte) {
     ui::Boite(texte, QStringLiteral("Maroval"), ui::Icone::Exclamation);
-}
-
-QString Colonne(SQLite::Statement& q, int i) {
-    return QString::fromUtf8(q.getColumn(i).getText()).trimmed();
 }
 
 } // namespace
@@ -79,22 +71,16 @@ Plan2::~Plan2() {
 
 void Plan2::Form_Load() {
     MajCaptionBilan();
-    const FichierProfil ini(CheminIni());
-    const int nbPlan =
-        static_cast<int>(ValeurNumerique(ini.Lire(sectionPlans, QStringLiteral("NbPlan"), "0")));
-    for (int i = 1; i <= nbPlan; ++i) {
-        auto* ligne = new QListWidgetItem(ini.Lire(sectionPlans, QStringLiteral("Libel%1").arg(i)));
-        ligne->setData(Qt::UserRole, ini.Lire(sectionPlans, QStringLiteral("Plan%1").arg(i)));
+    for (const plan::PlanStandard& p : plan::LirePlansStandard()) {
+        auto* ligne = new QListWidgetItem(p.libelle);
+        ligne->setData(Qt::UserRole, p.numero);
         ui->List1->addItem(ligne);
     }
-    const QString cle = QStringLiteral("PlanChoisi") + QString::number(session().NumSocCourante);
-    const double choisi = ValeurNumerique(ini.Lire(sectionPlans, cle, QStringLiteral("0000")));
-    if (choisi > 0) {
-        for (int i = 0; i < ui->List1->count(); ++i) {
-            if (ValeurNumerique(ui->List1->item(i)->data(Qt::UserRole).toString()) == choisi) {
-                ui->List1->setCurrentRow(i);
-                break;
-            }
+    const QString choisi = plan::PlanRetenu(session().NumSocCourante);
+    for (int i = 0; choisi != QLatin1String("0000") && i < ui->List1->count(); ++i) {
+        if (ui->List1->item(i)->data(Qt::UserRole).toString() == choisi) {
+            ui->List1->setCurrentRow(i);
+            break;
         }
     }
     ui->SSPanel1->setText(QStringLiteral(
@@ -110,7 +96,7 @@ void Plan2::showEvent(QShowEvent* evenement) {
 
 void Plan2::Form_Activate() {
     MajCaptionBilan();
-    RemplirTree3({});
+    RemplirTree3(0);
 }
 
 void Plan2::MajCaptionBilan() {
@@ -119,28 +105,20 @@ void Plan2::MajCaptionBilan() {
         ui->Command9->setText(QStringLiteral("Consultation du Bilan d'Ouverture"));
 }
 
-void Plan2::RemplirTree3(const std::string& condition) {
+void Plan2::RemplirTree3(int menu) {
     ui->Tree3->setUpdatesEnabled(false);
     ui->Tree3->Vider();
-    SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt, Solde FROM Compte WHERE CleCpt=?" +
-                                    condition + " ORDER BY rowid");
-    q.bind(1, CleCourante().toStdString());
-    while (q.executeStep()) {
-        table::Compte c;
-        c.NumCpt = Colonne(q, 0);
-        c.LibCpt = Colonne(q, 1);
-        c.Solde = Montant::depuisDixMilliemes(q.getColumn(2).getInt64());
-        AjouterLigne(c);
-    }
+    for (const plan::CompteListe& c : plan::ComptesDeLExercice(CleCourante(), menu))
+        AjouterLigne(c.numero, c.libelle, c.solde);
     ui->Tree3->setUpdatesEnabled(true);
     MajLabel5();
     Trier();
 }
 
-void Plan2::AjouterLigne(const table::Compte& c) {
-    const QString numero = c.NumCpt.trimmed();
+void Plan2::AjouterLigne(const QString& numeroCompte, const QString& libelle, Montant solde) {
+    const QString numero = numeroCompte.trimmed();
     const int ligne = ui->Tree3->AjouterLigne(
-        {numero, c.LibCpt.trimmed(), FormaterMontant(c.Solde, session().FormatMontant)}, numero);
+        {numero, libelle.trimmed(), FormaterMontant(solde, session().FormatMontant)}, numero);
     ui->Tree3->topLevelItem(ligne)->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
 }
 
@@ -158,8 +136,7 @@ bool Plan2::PlanChoisi() const {
 }
 
 QString Plan2::NumeroPlanChoisi() const {
-    const double v = ValeurNumerique(ui->List1->currentItem()->data(Qt::UserRole).toString());
-    return QStringLiteral("%1").arg(static_cast<long long>(v), 4, 10, QLatin1Char('0'));
+    return ui->List1->currentItem()->data(Qt::UserRole).toString();
 }
 
 QString Plan2::NumeroListe2(int ligne) const {
@@ -174,13 +151,9 @@ QString Plan2::LibelleListe2(int ligne) const {
 void Plan2::List1_Click() {
     ui->List2->clear();
     if (!ui->List1->currentItem()) return;
-    SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt FROM PlanType WHERE NumPlan=? "
-                                "ORDER BY rowid");
-    q.bind(1, NumeroPlanChoisi().toStdString());
-    while (q.executeStep()) {
-        const QString numero = Colonne(q, 0);
-        auto* ligne = new QListWidgetItem(numero + QLatin1Char('\t') + Colonne(q, 1));
-        ligne->setData(Qt::UserRole, ValeurTexte(numero));
+    for (const plan::CompteListe& c : plan::ComptesDuPlanStandard(NumeroPlanChoisi())) {
+        auto* ligne = new QListWidgetItem(c.numero + QLatin1Char('\t') + c.libelle);
+        ligne->setData(Qt::UserRole, ValeurTexte(c.numero));
         ui->List2->addItem(ligne);
     }
 }
@@ -197,28 +170,21 @@ void Plan2::Command1_Click() {
     if (ui::Boite(question, QStringLiteral("Confirmation"), ui::Icone::Question,
                   ui::Boutons::OuiNon) != ui::Reponse::Oui)
         return;
-    const QString cle = CleCourante();
     const int total = ui->List2->count();
+    std::vector<plan::CompteListe> comptes;
+    for (int i = 0; i < total; ++i)
+        comptes.push_back({NumeroListe2(i), LibelleListe2(i), Montant()});
     ui->Gauge1->setMaximum(qMax(total, 1));
     ui->Gauge1->setValue(0);
     ui->Gauge1->show();
     ui->Tree3->setUpdatesEnabled(false);
-    // Une seule validation pour tout le plan : un arrêt en cours de copie ne laisse aucun
-    // compte à moitié pris, et une nouvelle copie reprend tout.
-    SQLite::Transaction copie(Base());
-    for (int i = 0; i < total; ++i) {
-        const QString numero = NumeroListe2(i);
-        const QString libelle = LibelleListe2(i);
-        if (AssurerCompte(cle, numero, libelle, QString(), QString())) {
-            table::Compte c;
-            c.NumCpt = numero;
-            c.LibCpt = libelle.left(40);
-            AjouterLigne(c);
-        }
+    // Une nouvelle copie après un arrêt reprend tout : la copie est validée d'un seul tenant.
+    const auto crees = plan::CopierComptes(CleCourante(), comptes, [this](int i) {
         ui->Gauge1->setValue(i + 1);
         if (i % 8 == 0) ui->Gauge1->repaint();
-    }
-    copie.commit();
+    });
+    for (const plan::CompteListe& c : crees)
+        AjouterLigne(c.numero, c.libelle, c.solde);
     ui->Tree3->setUpdatesEnabled(true);
     ui->Gauge1->hide();
     MajLabel5();
@@ -233,7 +199,7 @@ void Plan2::Command2_Click() {
         if (ui->Tree3->ChercherDonnee(numero) >= 0) continue;
         AssurerCompte(cle, numero, LibelleListe2(i), QString(), QString());
         table::Compte c;
-        if (LireCompte(cle, numero, c)) AjouterLigne(c);
+        if (LireCompte(cle, numero, c)) AjouterLigne(c.NumCpt, c.LibCpt, c.Solde);
     }
     MajLabel5();
     Trier();
@@ -247,10 +213,7 @@ void Plan2::Command4_Click() {
     if (PlanChoisi() && ui->Tree3->NombreLignes() > 0) {
         // Le plan retenu n'est qu'une commodité pour la prochaine visite : un fichier de
         // configuration protégé n'empêche pas de quitter.
-        FichierProfil(CheminIni())
-            .Ecrire(sectionPlans,
-                    QStringLiteral("PlanChoisi") + QString::number(session().NumSocCourante),
-                    NumeroPlanChoisi());
+        plan::RetenirPlan(session().NumSocCourante, NumeroPlanChoisi());
     }
     if (ui->Tree3->NombreLignes() > 1) AssurerComptesFixes(CleCourante());
     Retour();
@@ -288,17 +251,17 @@ void Plan2::ChoisirMasque(const QString& masque) {
 
 void Plan2::BRclient_Click() {
     ChoisirMasque(masqueClient);
-    RemplirTree3(" AND Menu=170");
+    RemplirTree3(170);
 }
 
 void Plan2::BRfournisseur_Click() {
     ChoisirMasque(masqueFournisseur);
-    RemplirTree3(" AND Menu=160");
+    RemplirTree3(160);
 }
 
 void Plan2::BRgeneral_Click() {
     ChoisirMasque(masqueGeneral);
-    RemplirTree3({});
+    RemplirTree3(0);
 }
 
 QString Plan2::NumeroTape() const {
@@ -379,50 +342,20 @@ void Plan2::Mnumero_LostFocus() {
 }
 
 void Plan2::Command8_Click() {
-    if (ZoneNumeroVide()) {
-        Refuser(QStringLiteral("Le numéro de compte doit être saisi !"));
-        ui->Mnumero->setFocus();
+    if (MontrerRefus(
+            plan::ControlerCompteTape(ZoneNumeroVide(), NumeroTape(), ui->EDlibelle->text())))
         return;
-    }
-    if (ui->EDlibelle->text().trimmed().isEmpty()) {
-        Refuser(QStringLiteral("Le libellé doit être saisi !"));
-        ui->EDlibelle->setFocus();
-        return;
-    }
-    if (!NumeroDansLesPlages(ValeurTexte(NumeroTape()))) {
-        Refuser(QStringLiteral("Les numéros de compte sont compris entre 100..... et 799....."));
-        ui->Mnumero->setFocus();
-        return;
-    }
     // Le numéro a pu changer sans que le champ perde le focus.
     if (!filtreLu || numeroLu != NumeroTape()) Mnumero_LostFocus();
     if (ercptLu == QLatin1String("NN")) return;
-    // La plage que la création du compte lira (79 se cherche en 7900) doit donner une classe.
-    const QString classeCible = LireFiltre(CleFiltre(NumeroTape())).ERCPT.trimmed();
-    if (classeCible.isEmpty() || classeCible == QLatin1String("NN")) {
-        Refuser(QStringLiteral("Ce numéro de compte n'existe pas dans le Plan Comptable Officiel"));
-        ui->Mnumero->setFocus();
-        return;
-    }
-    QString code, classe;
-    if (ercptLu == QLatin1String("WW") || classeCible == QLatin1String("WW")) {
-        if (!ui->BRactif->isChecked() && !ui->BRpassif->isChecked()) {
-            ui->Frame1->show();
-            Refuser(QStringLiteral("Pour ce compte vous devez choisir entre Actif et Passif."));
-            return;
-        }
-        code = ui->BRactif->isChecked() ? QStringLiteral("E1") : QStringLiteral("R1");
-        classe = ui->BRactif->isChecked() ? QStringLiteral("DAR") : QStringLiteral("DAP");
-    }
+    const plan::Cote cote = ui->BRactif->isChecked()    ? plan::Cote::Actif
+                            : ui->BRpassif->isChecked() ? plan::Cote::Passif
+                                                        : plan::Cote::Aucun;
     const QString numero = NumeroTape();
-    if (!AssurerCompte(CleCourante(), numero, ui->EDlibelle->text(), code, classe)) {
-        Refuser(QStringLiteral("Ce compte existe déjà !"));
+    if (MontrerRefus(
+            plan::CreerCompteTape(CleCourante(), numero, ui->EDlibelle->text(), ercptLu, cote)))
         return;
-    }
-    table::Compte c;
-    c.NumCpt = numero;
-    c.LibCpt = ui->EDlibelle->text().left(40);
-    AjouterLigne(c);
+    AjouterLigne(numero, ui->EDlibelle->text().left(40), Montant());
     ui->Mnumero->clear();
     ui->Lmessage->clear();
     ui->EDlibelle->clear();
@@ -431,6 +364,16 @@ void Plan2::Command8_Click() {
     ui->Frame1->hide();
     MajLabel5();
     Trier();
+}
+
+bool Plan2::MontrerRefus(const plan::Refus& refus) {
+    if (!refus.estRefus()) return false;
+    // Le choix du côté se montre avant la boîte qui le demande.
+    if (refus.champ == plan::Champ::Cote) ui->Frame1->show();
+    Refuser(refus.texte);
+    if (refus.champ == plan::Champ::Numero) ui->Mnumero->setFocus();
+    if (refus.champ == plan::Champ::Libelle) ui->EDlibelle->setFocus();
+    return true;
 }
 
 void Plan2::Tree3_Click() {

@@ -3,6 +3,7 @@
 // à un ou en totalité), nouveau compte tapé sous les règles de numérotation, suppression,
 // changement de libellé, détail d'un compte et bilan d'ouverture.
 
+#include "base/Montant.h"
 #include "ui/EcranModal.h"
 
 #include <memory>
@@ -11,8 +12,8 @@ namespace Ui {
 class Plan2;
 }
 
-namespace table {
-struct Compte;
+namespace plan {
+struct Refus;
 }
 
 namespace ecran {
@@ -51,8 +52,11 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
-    void RemplirTree3(const std::string& condition);
-    void AjouterLigne(const table::Compte& c);
+    // Comptes de l'exercice ; menu non nul : ceux de cette fonction (clients, fournisseurs).
+    void RemplirTree3(int menu);
+    void AjouterLigne(const QString& numero, const QString& libelle, Montant solde);
+    // Montre le refus d'une création et rend la main au champ en cause ; faux sans refus.
+    bool MontrerRefus(const plan::Refus& refus);
     void MajLabel5();
     void Trier();
     void ChoisirMasque(const QString& masque);

@@ -1,9 +1,9 @@
 #include "consultation/Balance.h"
 
 #include "consultation/DetailCp.h"
+#include "consultation/DonneesComptes.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/BoiteAide.h"
 #include "ui/Personalisation.h"
@@ -79,15 +79,15 @@ void Balance::Form_Load() {
     if (auto* aide = findChild<ui::BoiteAide*>(QStringLiteral("BoiteAide1")))
         aide->FixerMessageAide(texteAide);
     Montant debits, credits, soldesDebit, soldesCredit;
-    QString condition, collectif, nom;
+    QString collectif, nom;
+    comptes::Portee portee = comptes::Portee::Generale;
     if (ui->BRCompl->isChecked()) {
-        condition = QStringLiteral(" AND Menu<>160 AND Menu<>170");
         nom = QStringLiteral("Balance Générale");
     } else if (ui->BRClient->isChecked()) {
-        condition = QStringLiteral(" AND Menu=170");
+        portee = comptes::Portee::Clients;
         collectif = QStringLiteral("410");
     } else if (ui->BRFourn->isChecked()) {
-        condition = QStringLiteral(" AND Menu=160");
+        portee = comptes::Portee::Fournisseurs;
         collectif = QStringLiteral("400");
     } else {
         return; // l'écran attend le choix d'une balance
@@ -101,23 +101,15 @@ void Balance::Form_Load() {
     } else {
         ui->Tree1->Vider();
     }
-    SQLite::Statement q(Base(), ("SELECT NumCpt, LibCpt, Sde, CumD, CumC, Solde, ErCpt FROM "
-                                 "Compte WHERE CleCpt=?" +
-                                 condition + " ORDER BY NumCpt")
-                                    .toStdString());
-    q.bind(1, CleCourante().toStdString());
     const QString& image = session().FormatMontant;
     const auto f = [&](Montant m) { return FormaterMontant(m, image); };
     QList<QTreeWidgetItem*> elements;
-    while (q.executeStep()) {
-        const auto montant = [&](int c) {
-            return Montant::depuisDixMilliemes(q.getColumn(c).getInt64());
-        };
-        const Montant sde = montant(2), cumD = montant(3), cumC = montant(4), solde = montant(5);
+    for (const comptes::Compte& c : comptes::DeLaBalance(portee)) {
+        const Montant sde = c.sde, cumD = c.cumD, cumC = c.cumC, solde = c.solde;
         if (sde == Montant() && cumD == Montant() && cumC == Montant()) continue;
-        const QString numero = QString::fromUtf8(q.getColumn(0).getText()).trimmed();
-        const QString libelle = QString::fromUtf8(q.getColumn(1).getText()).trimmed();
-        const int colonne = ColonneSolde(QString::fromUtf8(q.getColumn(6).getText()), solde);
+        const QString& numero = c.numero;
+        const QString& libelle = c.libelle;
+        const int colonne = ColonneSolde(c.erCpt, solde);
         if (cumD != Montant()) debits += cumD.abs();
         if (cumC != Montant()) credits += cumC.abs();
         (colonne == 5 ? soldesDebit : soldesCredit) += solde.abs();

@@ -1,7 +1,7 @@
 #include "consultation/BilGraph.h"
 
+#include "consultation/DonneesComptes.h"
 #include "session/Session.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui_BilGraph.h"
@@ -18,15 +18,6 @@ QString Affiche(Montant m) {
 
 double Valeur(Montant m) {
     return static_cast<double>(m.dixMilliemes()) / 10000.0;
-}
-
-Montant SommeSoldes(const char* condition) {
-    SQLite::Statement q(Base(),
-                        std::string("SELECT COALESCE(SUM(Solde), 0) FROM Compte WHERE CleCpt=?") +
-                            condition);
-    q.bind(1, CleCourante().toStdString());
-    q.executeStep();
-    return Montant::depuisDixMilliemes(q.getColumn(0).getInt64());
 }
 
 } // namespace
@@ -150,8 +141,8 @@ void BilGraph::BilanGraphique() {
 }
 
 void BilGraph::CalcResultat(Montant& Charges, Montant& Produits) {
-    Charges = SommeSoldes(" AND ErCpt='E2' AND Menu<>525");
-    Produits = SommeSoldes(" AND ErCpt='R2' AND Menu<>625");
+    Charges = comptes::SommeSoldes(comptes::Rubrique::Charges);
+    Produits = comptes::SommeSoldes(comptes::Rubrique::Produits);
 }
 
 void BilGraph::CptResulGraphique() {

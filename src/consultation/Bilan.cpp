@@ -1,9 +1,9 @@
 #include "consultation/Bilan.h"
 
 #include "consultation/DetailCp.h"
+#include "consultation/DonneesComptes.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/BoiteAide.h"
 #include "ui/Grille.h"
@@ -56,23 +56,16 @@ void DeuxListes::Demarrer() {
     Form_Load();
 }
 
-Montant DeuxListes::Remplir(ui::Grille* grille, const QString& condition) {
-    SQLite::Statement q(Base(), ("SELECT NumCpt, LibCpt, Solde FROM Compte WHERE CleCpt=?" +
-                                 condition + " ORDER BY rowid")
-                                    .toStdString());
-    q.bind(1, CleCourante().toStdString());
+Montant DeuxListes::Remplir(ui::Grille* grille, comptes::Rubrique rubrique) {
     const QString& image = session().FormatMontant;
     Montant total;
     grille->Vider();
     QList<QTreeWidgetItem*> elements;
-    while (q.executeStep()) {
-        const Montant solde = Montant::depuisDixMilliemes(q.getColumn(2).getInt64());
-        const QString affiche = FormaterMontant(solde, image);
+    for (const comptes::Compte& c : comptes::DeLaRubrique(rubrique)) {
+        const QString affiche = FormaterMontant(c.solde, image);
         // Le bilan totalise ce qui est à l'écran, le compte de résultat les soldes exacts.
-        total += genre.sommeAffichee ? MontantDepuisTexte(affiche) : solde;
-        auto* e = new QTreeWidgetItem(
-            QStringList{QString::fromUtf8(q.getColumn(0).getText()).trimmed(),
-                        QString::fromUtf8(q.getColumn(1).getText()).trimmed(), affiche});
+        total += genre.sommeAffichee ? MontantDepuisTexte(affiche) : c.solde;
+        auto* e = new QTreeWidgetItem(QStringList{c.numero, c.libelle, affiche});
         e->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         elements.append(e);
     }
@@ -87,9 +80,9 @@ void DeuxListes::Form_Load() {
             "cet écran."));
     ui::RestaurerPersonalisations(this, {G("Tree1"), G("Tree2")});
     const QString& image = session().FormatMontant;
-    const Montant gauche = Remplir(G("Tree1"), genre.conditionGauche);
+    const Montant gauche = Remplir(G("Tree1"), genre.gauche);
     L("Label3")->setText(FormaterMontant(gauche, image));
-    const Montant droite = Remplir(G("Tree2"), genre.conditionDroite);
+    const Montant droite = Remplir(G("Tree2"), genre.droite);
     L("Label4")->setText(FormaterMontant(droite, image));
     L("Label10")->setText(FormaterMontant(
         genre.resultatGaucheMoinsDroite ? gauche - droite : droite - gauche, image));
@@ -174,8 +167,7 @@ void DeuxListes::done(int resultat) {
 
 Bilan::Bilan(QWidget* parent)
     : DeuxListes(parent,
-                 {QStringLiteral(" AND ErCpt='E1' AND Menu<>170"),
-                  QStringLiteral(" AND ErCpt='R1' AND Menu<>160"), true, true,
+                 {comptes::Rubrique::Actif, comptes::Rubrique::Passif, true, true,
                   QStringLiteral("ACTIF"), QStringLiteral("PASSIF"), QStringLiteral("Bilan.csv"),
                   QStringLiteral("Le Bilan a été exporté sous \"%1\"")}),
       ui(std::make_unique<Ui::Bilan>()) {

@@ -4,6 +4,7 @@
 // Les deux écrans sont de la même facture : DeuxListes porte ce qu'ils partagent.
 
 #include "base/Montant.h"
+#include "consultation/DonneesComptes.h"
 #include "ui/EcranModal.h"
 
 #include <memory>
@@ -35,8 +36,8 @@ public slots:
 protected:
     // Ce qui distingue les deux écrans.
     struct Genre {
-        QString conditionGauche, conditionDroite; // ajoutées à la clé de l'exercice
-        bool sommeAffichee = false;               // total des montants tels qu'affichés
+        comptes::Rubrique gauche, droite;
+        bool sommeAffichee = false; // total des montants tels qu'affichés
         bool resultatGaucheMoinsDroite = false;
         QString titreGauche, titreDroite; // en tête des listes dans l'export
         QString nomFichier, phraseExport;
@@ -53,7 +54,7 @@ protected:
 private:
     ui::Grille* G(const char* nom) const;
     QLabel* L(const char* nom) const;
-    Montant Remplir(ui::Grille* grille, const QString& condition);
+    Montant Remplir(ui::Grille* grille, comptes::Rubrique rubrique);
     void Consulter(ui::Grille* grille);
 
     Genre genre;

@@ -1,9 +1,9 @@
 #include "consultation/ConsCpt.h"
 
+#include "consultation/DonneesComptes.h"
 #include "consultation/Export.h"
 #include "consultation/LignesCompte.h"
 #include "session/Session.h"
-#include "store/Base.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"
 #include "ui/BoiteAide.h"
@@ -73,15 +73,9 @@ void ConsCpt::Form_Load() {
         aide->FixerMessageAide(texteAide);
     ui::RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2, ui->Tree3});
     ui->Tree1->setUpdatesEnabled(false);
-    SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt, Solde FROM Compte WHERE CleCpt=? "
-                                "ORDER BY rowid");
-    q.bind(1, CleCourante().toStdString());
-    while (q.executeStep()) {
-        const QString numero = QString::fromUtf8(q.getColumn(0).getText()).trimmed();
-        const int ligne = ui->Tree1->AjouterLigne(
-            {numero, QString::fromUtf8(q.getColumn(1).getText()).trimmed(),
-             Affiche(Montant::depuisDixMilliemes(q.getColumn(2).getInt64()))},
-            numero);
+    for (const comptes::Compte& c : comptes::ParCreation()) {
+        const int ligne =
+            ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
         ui->Tree1->topLevelItem(ligne)->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
     }
     ui->Tree1->setUpdatesEnabled(true);

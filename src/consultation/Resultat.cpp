@@ -7,8 +7,7 @@
 namespace ecran {
 
 Resultat::Resultat(QWidget* parent)
-    : DeuxListes(parent, {QStringLiteral(" AND ErCpt='E2' AND Menu<>525"),
-                          QStringLiteral(" AND ErCpt='R2' AND Menu<>625"), false, false,
+    : DeuxListes(parent, {comptes::Rubrique::Charges, comptes::Rubrique::Produits, false, false,
                           QStringLiteral("CHARGES"), QStringLiteral("PRODUITS"),
                           QStringLiteral("Compte_de_Résultat.csv"),
                           QStringLiteral("Le Compte de Résultat a été exporté sous \"%1\"")}),
