@@ -6,6 +6,7 @@
 #include "backup/ZipBiblio.h"
 #include "session/Session.h"
 #include "store/Base.h"
+#include "store/Routines.h"
 #include "ui/Boite.h"
 #include "ui/Dialogues.h"
 #include "ui/Horloge.h"
@@ -32,12 +33,6 @@ QString DeuxChiffres(int n) {
 
 QString Compte(int n, const QString& singulier, const QString& pluriel) {
     return QString::number(n) + (n == 1 ? singulier : pluriel);
-}
-
-int Compter(const char* sql) {
-    SQLite::Statement q(Base(), sql);
-    q.executeStep();
-    return q.getColumn("cnt").getInt();
 }
 
 // AAAAMMJJHHMMSS -> JJ/MM/AAAA HH:MM:SS, découpé par positions.
@@ -128,11 +123,11 @@ Backup::~Backup() = default;
 void Backup::Form_Load() {
     int ligne = 10;
     try {
-        const int societes = Compter("select count(1) as [cnt] from societe");
+        const int societes = CompterLignes("Societe");
         ligne = 20;
-        const int exercices = Compter("select count(1) as [cnt] from constante");
+        const int exercices = CompterLignes("Constante");
         ligne = 30;
-        const int ecritures = Compter("select count(1) as [cnt] from ecriture");
+        const int ecritures = CompterLignes("Ecriture");
         ligne = 40;
         formulaire->Text1->setText(
             Compte(societes, QStringLiteral(" société"), QStringLiteral(" sociétés")));

@@ -80,6 +80,36 @@ std::vector<CompteListe> ComptesDeLExercice(const QString& cle, int menu) {
     return comptes;
 }
 
+std::vector<CompteListe> ComptesDuCode(const QString& cle, const QString& erCpt) {
+    auto& q = Requete("SELECT NumCpt, LibCpt, Sde FROM Compte WHERE CleCpt=? AND ErCpt=? "
+                      "ORDER BY rowid");
+    q.bind(1, cle.toStdString());
+    q.bind(2, erCpt.toStdString());
+    std::vector<CompteListe> comptes;
+    while (q.executeStep())
+        comptes.push_back(
+            {Colonne(q, 0), Colonne(q, 1), Montant::depuisDixMilliemes(q.getColumn(2).getInt64())});
+    q.reset();
+    return comptes;
+}
+
+void ChangerLibelleCompte(const QString& cle, const QString& numero, const QString& libelle) {
+    table::Compte c;
+    if (LireCompte(cle, numero, c)) {
+        c.LibCpt = TexteLu(libelle, 40);
+        MajCompte(cle, numero, c);
+    }
+    if (numero >= QLatin1String("600") && numero != QLatin1String("799") &&
+        numero != QLatin1String("699")) {
+        // Valeur liée : apostrophes et guillemets gardés tels que tapés.
+        auto& q = Requete("UPDATE Budget SET LibBud=? WHERE CleCpt=? AND NumBud=?");
+        q.bind(1, TexteRange(libelle, 40).toStdString());
+        q.bind(2, cle.toStdString());
+        q.bind(3, numero.toStdString());
+        q.exec();
+    }
+}
+
 std::vector<CompteListe> CopierComptes(const QString& cle, const std::vector<CompteListe>& comptes,
                                        const std::function<void(int)>& progression) {
     std::vector<CompteListe> crees;

@@ -33,6 +33,14 @@ std::vector<CompteListe> ComptesDuPlanStandard(const QString& numeroPlan);
 // Comptes de l'exercice dans l'ordre de création ; menu non nul : ceux de cette fonction.
 std::vector<CompteListe> ComptesDeLExercice(const QString& cle, int menu = 0);
 
+// Comptes de ce code (E1 actif, R1 passif...) dans l'ordre de création, solde d'ouverture
+// (Sde) pour solde.
+std::vector<CompteListe> ComptesDuCode(const QString& cle, const QString& erCpt);
+
+// Nouveau libellé d'un compte, et de sa ligne de budget pour un compte de charge ou de
+// produit (600 et au-delà, hors 699 et 799), rangé tel que tapé.
+void ChangerLibelleCompte(const QString& cle, const QString& numero, const QString& libelle);
+
 // Copie des comptes donnés (numéro, libellé) dans l'exercice en une seule validation : un
 // arrêt au milieu ne laisse aucun compte à moitié pris. Rend les comptes créés ;
 // progression(i) après chaque compte.

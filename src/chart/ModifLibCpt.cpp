@@ -1,5 +1,6 @@
 #include "chart/ModifLibCpt.h"
 
+#include "chart/DonneesPlan.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -45,22 +46,9 @@ void ModifLibCpt::Command1_Click() {
     }
     const QString cle = CleCourante();
     const QString numero = ui->Label1->text();
-    table::Compte c;
-    if (LireCompte(cle, numero, c)) {
-        c.LibCpt = TexteLu(libelle, 40);
-        MajCompte(cle, numero, c);
-    }
+    plan::ChangerLibelleCompte(cle, numero, libelle);
     if (plan && ligne >= 0 && ligne < plan->NombreLignes())
         plan->FixerTexte(ligne, 1, TexteRange(libelle, 40));
-    if (numero >= QLatin1String("600") && numero != QLatin1String("799") &&
-        numero != QLatin1String("699")) {
-        // Valeur liée : apostrophes et guillemets gardés tels que tapés.
-        SQLite::Statement q(Base(), "UPDATE Budget SET LibBud=? WHERE CleCpt=? AND NumBud=?");
-        q.bind(1, TexteRange(libelle, 40).toStdString());
-        q.bind(2, cle.toStdString());
-        q.bind(3, numero.toStdString());
-        q.exec();
-    }
     Retour();
 }
 

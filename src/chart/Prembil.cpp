@@ -3,6 +3,7 @@
 #include "session/SaisieMontant.h"
 
 #include "base/Texte.h"
+#include "chart/DonneesPlan.h"
 #include "chart/GestionPlan.h"
 #include "chart/Ouverture.h"
 #include "posting/Filtre.h"
@@ -85,16 +86,10 @@ void Prembil::Remplir(const Cote& cote, const char* erCpt, const QString& exclu)
     ui::Grille* g = cote.grille;
     g->Vider();
     *cote.valeur = Montant();
-    SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt, Sde FROM Compte WHERE CleCpt=? AND "
-                                "ErCpt=? ORDER BY rowid");
-    q.bind(1, CleCourante().toStdString());
-    q.bind(2, erCpt);
-    while (q.executeStep()) {
-        const QString numero = QString::fromUtf8(q.getColumn(0).getText()).trimmed();
-        if (numero == exclu) continue;
-        const Montant sde = Montant::depuisDixMilliemes(q.getColumn(2).getInt64());
-        const int ligne = g->AjouterLigne(
-            {numero, QString::fromUtf8(q.getColumn(1).getText()).trimmed(), Affiche(sde)}, numero);
+    for (const plan::CompteListe& c : plan::ComptesDuCode(CleCourante(), erCpt)) {
+        if (c.numero == exclu) continue;
+        const Montant sde = c.solde;
+        const int ligne = g->AjouterLigne({c.numero, c.libelle, Affiche(sde)}, c.numero);
         g->FixerDonneeCellule(ligne, 2, QVariant::fromValue(sde.dixMilliemes()));
         g->topLevelItem(ligne)->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         *cote.valeur += sde;

@@ -8,6 +8,7 @@
 #include "session/FichierProfil.h"
 #include "session/Session.h"
 #include "store/Base.h"
+#include "store/Routines.h"
 #include "ui/Boite.h"
 #include "ui/Fin.h"
 
@@ -187,7 +188,7 @@ bool Demarrage(const QStringList& arguments) {
         QStringLiteral("Octobre"), QStringLiteral("Novembre"), QStringLiteral("Décembre")};
 
     OuvrirBase(donnees);
-    Base().exec("DELETE FROM JourCent");
+    ViderJourCent();
     QCoreApplication::processEvents();
 
     EcransDemarrage& e = ecransDemarrage();

@@ -5,6 +5,44 @@
 
 namespace ecran {
 
+QList<SocieteListe> LireSocietes() {
+    QList<SocieteListe> societes;
+    auto& q = Requete("SELECT NumSoc, Nom FROM Societe");
+    while (q.executeStep())
+        societes.append(
+            {q.getColumn(0).getInt(), QString::fromUtf8(q.getColumn(1).getText()).trimmed()});
+    q.reset();
+    return societes;
+}
+
+int NombreSocietes() {
+    auto& q = Requete("SELECT count(*) FROM Societe");
+    q.executeStep();
+    const int n = q.getColumn(0).getInt();
+    q.reset();
+    return n;
+}
+
+void RetirerSociete(int numSoc) {
+    auto& q = Requete("DELETE FROM Societe WHERE NumSoc=?");
+    q.bind(1, numSoc);
+    q.exec();
+}
+
+QList<ExerciceListe> LireExercices(int numSoc) {
+    const QString n = QStringLiteral("%1").arg(numSoc, 2, 10, QLatin1Char('0'));
+    auto& q = Requete("SELECT CleCon, ExerciceClos FROM Constante WHERE CleCon > ? AND "
+                      "CleCon < ? ORDER BY CleCon DESC");
+    q.bind(1, (n + QStringLiteral("0000")).toStdString());
+    q.bind(2, (n + QStringLiteral("9999")).toStdString());
+    QList<ExerciceListe> exercices;
+    while (q.executeStep())
+        exercices.append({QString::fromUtf8(q.getColumn(0).getText()).trimmed().right(4).toInt(),
+                          q.getColumn(1).getInt() != 0});
+    q.reset();
+    return exercices;
+}
+
 bool LireEtatExercice(int numSoc, int exercice, double& lastNumEcrit, bool& exerciceClos) {
     table::Constante c;
     lastNumEcrit = 0;

@@ -1,9 +1,27 @@
 #pragma once
-// Exercices d'une société : état, suppression, dates du premier exercice.
+// Sociétés et exercices, sans écran : listes, état, suppression, dates du premier exercice.
 
+#include <QList>
 #include <QString>
 
 namespace ecran {
+
+struct SocieteListe {
+    int numero = 0;
+    QString nom;
+};
+// Les sociétés dans l'ordre de la table.
+QList<SocieteListe> LireSocietes();
+int NombreSocietes();
+// Retire la ligne de la société (ses exercices sont retirés à part).
+void RetirerSociete(int numSoc);
+
+struct ExerciceListe {
+    int annee = 0;
+    bool clos = false;
+};
+// Les exercices d'une société, du plus récent au plus ancien.
+QList<ExerciceListe> LireExercices(int numSoc);
 
 // Lit le nombre d'écritures et la clôture de l'exercice ; faux si l'exercice n'existe pas
 // (les valeurs restent alors à 0 et faux).

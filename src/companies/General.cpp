@@ -229,7 +229,8 @@ void General::Toolbar2_ButtonMenuClick(const QString& cle) {
     static const QStringList consultation = {
         QStringLiteral("Journaux"), QStringLiteral("Balances"),   QStringLiteral("Resultat"),
         QStringLiteral("Bilan"),    QStringLiteral("Consultcpt"), QStringLiteral("Graphiques")};
-    // Les entrées du budget et de la trésorerie n'ont pas de porte : voulu ainsi.
+    // Les entrées du budget et de la trésorerie n'ont pas de porte : un plan encore petit
+    // doit pouvoir y accéder.
     if (saisie.contains(cle) && !PorteSaisie()) return;
     if (consultation.contains(cle) && !PlanAuMoins(10)) return;
     Ouvrir(ecran);

@@ -5,11 +5,11 @@
 #include "base/Reglages.h"
 #include "base/Texte.h"
 #include "base/Valeur.h"
+#include "chart/DonneesPlan.h"
 #include "companies/CreSociete.h"
 #include "companies/Exercices.h"
 #include "companies/General.h"
 #include "companies/OuvertureEcrans.h"
-#include "session/FichierProfil.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -83,7 +83,7 @@ void Societe::Form_Load() {
     Session& s = session();
     s.AucuneSociete = false;
     // La requête est finie avant d'ouvrir un autre écran : la base doit pouvoir se fermer.
-    const bool vide = Base().execAndGet("SELECT count(*) FROM Societe").getInt() == 0;
+    const bool vide = NombreSocietes() == 0;
     if (vide) {
         s.ModeCreSociete = 1;
         s.AucuneSociete = true;
@@ -102,10 +102,9 @@ void Societe::Form_Load() {
 void Societe::AffSocietes(int numSocAChoisir) {
     QSignalBlocker blocage(ui->List1);
     ui->List1->clear();
-    SQLite::Statement q(Base(), "SELECT NumSoc, Nom FROM Societe");
-    while (q.executeStep()) {
-        auto* item = new QListWidgetItem(QString::fromUtf8(q.getColumn(1).getText()).trimmed());
-        item->setData(Qt::UserRole, q.getColumn(0).getInt());
+    for (const SocieteListe& societe : LireSocietes()) {
+        auto* item = new QListWidgetItem(societe.nom);
+        item->setData(Qt::UserRole, societe.numero);
         ui->List1->addItem(item);
     }
     session().AucuneSociete = ui->List1->count() == 0;
@@ -160,20 +159,14 @@ void Societe::List1_Click() {
     ui->List2->clear();
     const int numSoc = SocieteChoisie();
     if (numSoc < 0) return;
-    const QString n = QStringLiteral("%1").arg(numSoc, 2, 10, QLatin1Char('0'));
-    SQLite::Statement q(Base(), "SELECT CleCon, ExerciceClos FROM Constante "
-                                "WHERE CleCon > ? AND CleCon < ? ORDER BY CleCon DESC");
-    q.bind(1, (n + QStringLiteral("0000")).toStdString());
-    q.bind(2, (n + QStringLiteral("9999")).toStdString());
     {
         const QSignalBlocker blocage(ui->List2);
-        while (q.executeStep()) {
-            const QString annee = QString::fromUtf8(q.getColumn(0).getText()).trimmed().right(4);
-            const bool clos = q.getColumn(1).getInt() != 0;
+        for (const ExerciceListe& e : LireExercices(numSoc)) {
             auto* item = new QListWidgetItem(
                 QStringLiteral("Exercice %1 (%2)")
-                    .arg(annee, clos ? QStringLiteral("Clos") : QStringLiteral("Ouvert")));
-            item->setData(Qt::UserRole, annee.toInt());
+                    .arg(QString::number(e.annee),
+                         e.clos ? QStringLiteral("Clos") : QStringLiteral("Ouvert")));
+            item->setData(Qt::UserRole, e.annee);
             ui->List2->addItem(item);
         }
         ui->List2->setCurrentRow(-1);
@@ -289,20 +282,16 @@ void Societe::SupprimerSociete(int numSoc) {
     ui::Boite(QStringLiteral("La société \"%1\" va maintenant être supprimée.")
                   .arg(ui->List1->item(ligne)->text()),
               QStringLiteral("Maroval"), ui::Icone::Information);
-    SQLite::Statement q(Base(), "DELETE FROM Societe WHERE NumSoc=?");
-    q.bind(1, numSoc);
-    q.exec();
+    RetirerSociete(numSoc);
     {
         const QSignalBlocker blocage(ui->List1);
         delete ui->List1->takeItem(ligne);
         ui->List1->clearSelection();
         ui->List1->setCurrentRow(-1);
     }
-    // Le numéro de la session, et non celui de la société supprimée : voulu ainsi.
-    FichierProfil(CheminIni())
-        .Ecrire(QStringLiteral("Plans Types"),
-                QStringLiteral("PlanChoisi") + QString::number(session().NumSocCourante),
-                QString());
+    // La clé vidée est celle de la société ouverte, non celle de la supprimée : les profils
+    // existants ont été écrits ainsi, et le plan retenu n'est qu'une commodité.
+    plan::RetenirPlan(session().NumSocCourante, QString());
 }
 
 void Societe::Command4_Click() {
@@ -384,7 +373,7 @@ void Societe::Command4_Click() {
         c.DateSaisie = dateBase;
         MajConstante(cle, c);
     }
-    // Annuler continue comme Oui : voulu ainsi.
+    // Seul Non arrête : la question n'est qu'un rappel, Annuler continue comme Oui.
     if (!s.ModeDebug && date == dateAncienne &&
         ui::Boite(QStringLiteral("Vous n'avez pas modifié la date de saisie. Etes-vous sûr(e) de "
                                  "vouloir continuer ?"),

@@ -74,7 +74,8 @@ ui::Grille::Validation SaisDC2::ValiderMontant(int ligne, int colonne, QString& 
         return ui::Grille::Validation::Accepter;
     }
     MajwSaisieDC(sens, QStringLiteral("0"), numero);
-    // Au crédit, un zéro ne refait pas les totaux : c'est voulu.
+    // Au crédit, un zéro laisse les totaux tels quels : la saisie passe au débit de la
+    // ligne, dont la validation les refait.
     if (colonne == ColonneDebit) MajTotDC(colonne, ligne, QString());
     texte.clear();
     // Fermée à zéro, la cellule passe la main à l'autre montant de la ligne.

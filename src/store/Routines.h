@@ -50,3 +50,8 @@ bool MajConstante(const QString& cle, table::Constante& r);
 // Plage de numérotation qui couvre le numéro (comparaison de textes) ; un numéro que
 // rien ne couvre rend un enregistrement vide (ERCPT vide).
 table::Filtre LireFiltre(const QString& numero);
+
+// Nombre de lignes d'une table (Societe, Constante, Ecriture...).
+int CompterLignes(const char* table);
+// JourCent ne garde rien d'une exécution à l'autre : vidée au démarrage.
+void ViderJourCent();

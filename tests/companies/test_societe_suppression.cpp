@@ -213,7 +213,8 @@ private slots:
         FichierProfil ini(CheminIni());
         QVERIFY(ini.Ecrire("Plans Types", "PlanChoisi" + QString::number(martin), "0102"));
         QVERIFY(ini.Ecrire("Plans Types", "PlanChoisi" + QString::number(dupont), "0304"));
-        // Martin est la société de la session : c'est sa clé qui est vidée, voulu ainsi.
+        // Martin est la société de la session : c'est sa clé qui est vidée, non celle de la
+        // supprimée.
         session().NumSocCourante = static_cast<std::int16_t>(martin);
         auto choix = essai::MontrerChoix();
         ChoisirLigneListe(choix.get(), "List1", 1);
