@@ -28,6 +28,16 @@ QString Colonne(SQLite::Statement& q, int i) {
     return QString::fromUtf8(q.getColumn(i).getText()).trimmed();
 }
 
+// Numéro, libellé et montant de chaque ligne, la requête remise à zéro ensuite.
+std::vector<CompteListe> LireComptes(SQLite::Statement& q) {
+    std::vector<CompteListe> comptes;
+    while (q.executeStep())
+        comptes.push_back(
+            {Colonne(q, 0), Colonne(q, 1), Montant::depuisDixMilliemes(q.getColumn(2).getInt64())});
+    q.reset();
+    return comptes;
+}
+
 const QString horsPlan =
     QStringLiteral("Ce numéro de compte n'existe pas dans le Plan Comptable Officiel");
 
@@ -72,12 +82,7 @@ std::vector<CompteListe> ComptesDeLExercice(const QString& cle, int menu) {
                              "ORDER BY rowid");
     q.bind(1, cle.toStdString());
     if (menu) q.bind(2, menu);
-    std::vector<CompteListe> comptes;
-    while (q.executeStep())
-        comptes.push_back(
-            {Colonne(q, 0), Colonne(q, 1), Montant::depuisDixMilliemes(q.getColumn(2).getInt64())});
-    q.reset();
-    return comptes;
+    return LireComptes(q);
 }
 
 std::vector<CompteListe> ComptesDuCode(const QString& cle, const QString& erCpt) {
@@ -85,12 +90,7 @@ std::vector<CompteListe> ComptesDuCode(const QString& cle, const QString& erCpt)
                       "ORDER BY rowid");
     q.bind(1, cle.toStdString());
     q.bind(2, erCpt.toStdString());
-    std::vector<CompteListe> comptes;
-    while (q.executeStep())
-        comptes.push_back(
-            {Colonne(q, 0), Colonne(q, 1), Montant::depuisDixMilliemes(q.getColumn(2).getInt64())});
-    q.reset();
-    return comptes;
+    return LireComptes(q);
 }
 
 void ChangerLibelleCompte(const QString& cle, const QString& numero, const QString& libelle) {

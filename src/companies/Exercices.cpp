@@ -16,11 +16,7 @@ QList<SocieteListe> LireSocietes() {
 }
 
 int NombreSocietes() {
-    auto& q = Requete("SELECT count(*) FROM Societe");
-    q.executeStep();
-    const int n = q.getColumn(0).getInt();
-    q.reset();
-    return n;
+    return CompterLignes("Societe");
 }
 
 void RetirerSociete(int numSoc) {

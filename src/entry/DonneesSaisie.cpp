@@ -85,11 +85,7 @@ std::vector<Ligne> LireLignes() {
 }
 
 int NombreLignes() {
-    auto& q = Requete("SELECT COUNT(*) FROM wSaisie");
-    q.executeStep();
-    const int n = q.getColumn(0).getInt();
-    q.reset();
-    return n;
+    return CompterLignes("wSaisie");
 }
 
 std::optional<table::Saisie> LigneDuCompte(const QString& numero) {
