@@ -2,8 +2,9 @@
 // ordre, contrôle de l'équilibre, échecs du marqueur et compte inconnu.
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
+#include "support/Recalcul.h"
 
-#include "posting/LivresEssai.h"
 #include "posting/PasserEcriture.h"
 #include "posting/Securite.h"
 #include "posting/Verification.h"
@@ -89,7 +90,7 @@ class TestPasserEcriture : public QObject {
 private slots:
     void init() {
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
         depart = Photographier();
     }
     void cleanup() {
