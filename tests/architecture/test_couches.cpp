@@ -156,6 +156,27 @@ private slots:
                  qPrintable("inclusion selon la présence d'un en-tête : " + lieux.join(", ")));
     }
 
+    // Un essai n'emprunte pas les aides d'un autre dossier : ce qui sert à plusieurs est dans
+    // tests/support/.
+    void essais_nIncluentPasLesAidesDUnAutreDossier() {
+        QStringList infractions;
+        const QString tests = Racine() + "/tests";
+        for (const Inclusion& i : Inclusions(tests)) {
+            const QString vers = Module(i.cible);
+            const bool autreDossier =
+                i.cible.startsWith(QLatin1String("../")) ||
+                (!vers.isEmpty() && vers != QLatin1String("support") && vers != Module(i.fichier) &&
+                 QFile::exists(QDir(tests).filePath(i.cible)));
+            if (autreDossier)
+                infractions << QStringLiteral("tests/%1:%2 inclut %3 : une aide commune va dans "
+                                              "tests/support/")
+                                   .arg(i.fichier)
+                                   .arg(i.ligne)
+                                   .arg(i.cible);
+        }
+        QVERIFY2(infractions.isEmpty(), qPrintable("\n" + infractions.join('\n')));
+    }
+
     // La règle elle-même : les cas qui doivent échouer échouent, avec un message clair.
     void regle_refuseLesInclusionsAContreSens() {
         QVERIFY(Regle("store", "session").contains("au-dessous de"));

@@ -3,11 +3,14 @@
 // ouverte, quelques sociétés et écritures, vidage complet des tables, archives fabriquées
 // à la main (sans maroval.mdb, tronquée, base qui n'en est pas une).
 
+#include "support/DossierEssai.h"
+#include "support/Outils.h"
+#include "support/SessionEssai.h"
+
 #include "backup/ZipBiblio.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
-#include "support/DossierEssai.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -38,10 +41,7 @@ public:
     Banc() {
         session().DossierDonnees = dossier.Chemin();
         session().LigneCommande.clear();
-        QFile::copy(QStringLiteral(":/data/maroval.ini"), dossier.Fichier("maroval.ini"));
-        QFile::setPermissions(dossier.Fichier("maroval.ini"),
-                              QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        OuvrirBase(dossier.Chemin());
+        essai::OuvrirDossier(dossier.Chemin());
     }
     ~Banc() { FermerBase(); }
     QString Fichier(const QString& nom) const { return dossier.Fichier(nom); }
@@ -58,10 +58,7 @@ private:
 };
 
 inline void AjouterSocieteEssai(const QString& nom, int annee, int nbEcritures) {
-    table::Societe s;
-    s.Nom = nom;
-    s.Ville = QStringLiteral("Lyon");
-    const int num = AjouterSociete(s);
+    const int num = essai::Societe(nom);
     const QString cle = CleExercice(num, annee);
     table::Constante c;
     c.CleCon = cle;
@@ -131,9 +128,7 @@ inline QString ArchiveDeLaBase(const Banc& banc, const QString& nom) {
 }
 
 inline int NombreEcritures() {
-    SQLite::Statement q(Base(), "SELECT count(*) FROM Ecriture");
-    q.executeStep();
-    return q.getColumn(0).getInt();
+    return essai::Compter("SELECT count(*) FROM Ecriture");
 }
 
 // Archive ZIP faite à la main : chaque entrée (nom, contenu), niveau 9.

@@ -2,11 +2,12 @@
 // écran Recup (textes, reprise automatique, restauration, case de fermeture refusée).
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
 #include "support/PiloteModal.h"
+#include "support/Recalcul.h"
 
 #include "backup/Recup.h"
 #include "companies/Demarrage.h"
-#include "posting/LivresEssai.h"
 #include "posting/Securite.h"
 #include "posting/Verification.h"
 #include "session/FichierProfil.h"
@@ -58,7 +59,7 @@ class TestRecup : public QObject {
         QVERIFY_THROWS_EXCEPTION(Arret, Passer());
         FichierProfil::AvantEcriture = nullptr;
         FermerBase();
-        ReprendreExercice(dossier->Chemin());
+        ReprendreLivres(dossier->Chemin());
     }
 
     void MontrerRecupPourDeVrai() {
@@ -69,7 +70,7 @@ class TestRecup : public QObject {
 private slots:
     void init() {
         dossier = std::make_unique<DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
         Vente(Euros(10), Euros(2));
     }
     void cleanup() {

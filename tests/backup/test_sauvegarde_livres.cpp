@@ -1,10 +1,11 @@
 // Aller-retour sur des livres tenus par le moteur d'écritures : après la restauration et
 // le redémarrage, la base est celle de la sauvegarde et la vérification des livres passe.
 #include "BancSauvegarde.h"
+#include "support/LivresEssai.h"
+
 #include "backup/Backup.h"
 #include "backup/Restauration.h"
 #include "posting/Filtre.h"
-#include "posting/LivresEssai.h"
 #include "posting/PasserEcriture.h"
 #include "posting/Verification.h"
 #include "ui/Application.h"
@@ -21,22 +22,8 @@ namespace {
 using essai::Cle;
 
 void OuvrirExerciceEssai() {
-    Session& s = session();
-    s.NumSocCourante = 1;
-    s.ExerciceCourant = 2024;
-    s.NomSocCourante = QStringLiteral("Livres & Cie");
-    s.DateSaisieCourante = QStringLiteral("15/03/2024");
-    s.MonnaieExercice = QStringLiteral("E");
-    table::Societe soc;
-    soc.Nom = s.NomSocCourante;
-    AjouterSociete(soc);
-    table::Constante k;
-    k.CleCon = Cle;
-    k.DateDebut = QStringLiteral("20240101");
-    k.DateFin = QStringLiteral("20241231");
-    k.DateSaisie = k.DateDebut;
-    k.SymboleMon = QStringLiteral("E");
-    AjouterConstante(k);
+    essai::SessionExercice(QStringLiteral("Livres & Cie"), QStringLiteral("15/03/2024"));
+    essai::CreerExerciceEssai(QStringLiteral("20240101"), QStringLiteral("20240101"));
     for (const char* n : {"400", "410", "401001", "411001", "512", "607", "707"})
         AssurerCompte(Cle, QString::fromLatin1(n), QStringLiteral("Compte ") + n, {}, {});
 }

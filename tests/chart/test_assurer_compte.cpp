@@ -3,9 +3,9 @@
 // posées par l'essai lui-même.
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
 
 #include "posting/Filtre.h"
-#include "posting/LivresEssai.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 

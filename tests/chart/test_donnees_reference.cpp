@@ -1,7 +1,7 @@
 // Règles de numérotation livrées (filtre) : chaque numéro de 100 à 79999999 tombe dans une
 // seule plage nommée, et les codes de chaque plage sont ceux que le programme attend.
 
-#include "DonneesReference.h"
+#include "support/DonneesReference.h"
 
 #include "store/Base.h"
 #include "store/Reference.h"

@@ -2,7 +2,7 @@
 // familles, opérations que le programme connaît par leur clé, et codes des cases accordés
 // aux codes Menu des règles de numérotation.
 
-#include "DonneesReference.h"
+#include "support/DonneesReference.h"
 
 #include "store/Base.h"
 

@@ -2,7 +2,7 @@
 // prennent le texte tel que tapé (guillemet, apostrophe), la liste du plan le montre,
 // aucun montant ni aucune ligne passée ne bouge.
 
-#include "EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/PiloteModal.h"
 
 #include "chart/GestionPlan.h"

@@ -3,11 +3,12 @@
 // et fournisseurs, sortie de l'écran (plan retenu, comptes collectifs) et écrans ouverts
 // depuis le plan.
 
-#include "EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 
 #include "chart/Plan2.h"
+#include "posting/Filtre.h"
 #include "session/FichierProfil.h"
 #include "session/Session.h"
 #include "ui/Aide.h"

@@ -2,7 +2,7 @@
 // d'un seul tenant, donc un arrêt à n'importe quelle écriture ne laisse aucun compte ni
 // budget, et la copie refaite ensuite prend tout le plan.
 
-#include "EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/ProcessusFils.h"
 
 #include "chart/Plan2.h"

@@ -2,7 +2,7 @@
 // plage lue en quittant le champ, contrôles de "&Ajouter" (numéro, libellé, plages, choix
 // actif ou passif), comptes clients, et les refus de suppression, avec ou sans message.
 
-#include "EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 

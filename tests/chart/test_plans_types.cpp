@@ -1,7 +1,7 @@
 // Plans comptables types livrés (PlanType) et leur liste dans le maroval.ini par défaut :
 // chaque plan se copie sans compte refusé et suffit à chaque case de chaque menu de saisie.
 
-#include "DonneesReference.h"
+#include "support/DonneesReference.h"
 
 #include "session/FichierProfil.h"
 #include "store/Base.h"
@@ -154,10 +154,10 @@ private slots:
         c.executeStep();
         QCOMPARE(c.getColumn(0).getInt(), n + 4);
         table::Compte banque, fournisseurs;
-        QVERIFY(LireCompte(CleEssai, QStringLiteral("512"), banque));
+        QVERIFY(LireCompte(Cle, QStringLiteral("512"), banque));
         QCOMPARE(banque.Menu, table::Entier(330));
         QCOMPARE(banque.ErCpt.trimmed(), QStringLiteral("E1"));
-        QVERIFY(LireCompte(CleEssai, QStringLiteral("400"), fournisseurs));
+        QVERIFY(LireCompte(Cle, QStringLiteral("400"), fournisseurs));
         QCOMPARE(fournisseurs.Menu, table::Entier(155));
         QCOMPARE(fournisseurs.LibCpt.trimmed(), QStringLiteral("Fournisseurs collectif"));
     }

@@ -2,7 +2,7 @@
 // collectifs des clients et fournisseurs, avertissements de signe), équilibre et clôture
 // définitive, totaux écrits par "Retour" seulement, tailles gardées.
 
-#include "EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 

@@ -3,7 +3,7 @@
 // collectifs 410 et 400 suivent), clos, relu en consultation seule ; d'autres écritures
 // ensuite, et la vérification des livres est bonne.
 
-#include "EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 

@@ -2,7 +2,7 @@
 // copié, les comptes pris dans les cases, des montants tapés), donne une écriture juste
 // et équilibrée : signe rectifié selon la case, débit ou crédit selon le côté du compte.
 
-#include "DonneesReference.h"
+#include "support/DonneesReference.h"
 
 #include "base/Montant.h"
 #include "store/Base.h"
@@ -249,7 +249,7 @@ private slots:
             QVERIFY2(!choisis.contains(compte), l.compte);
             choisis.insert(compte);
             table::Compte cpt;
-            QVERIFY(LireCompte(CleEssai, compte, cpt));
+            QVERIFY(LireCompte(Cle, compte, cpt));
             const QString er = cpt.ErCpt.trimmed();
             // Montant tapé, rectifié selon le signe de la case.
             Montant m = MontantDepuisTexte(QString::fromLatin1(l.tape));

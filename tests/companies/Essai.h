@@ -1,9 +1,11 @@
 #pragma once
 // Données d'essai des écrans des sociétés : une base neuve dans le dossier d'essai, des
-// sociétés, des exercices et des comptes posés directement, et quelques gestes.
+// comptes posés directement, le relevé des écrans ouverts et quelques gestes.
 
 #include "support/DossierEssai.h"
+#include "support/Outils.h"
 #include "support/PiloteModal.h"
+#include "support/SessionEssai.h"
 
 #include "companies/OuvertureEcrans.h"
 #include "session/Session.h"
@@ -12,7 +14,6 @@
 #include "ui/Boite.h"
 #include "ui/Dialogues.h"
 
-#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QStringList>
@@ -23,56 +24,9 @@ namespace essai {
 // Session remise à neuf, maroval.ini livré et base neuve ouverte.
 inline void OuvrirEssai(const support::DossierEssai& dossier) {
     FermerBase();
-    Session& s = session();
-    s = Session();
-    s.DossierDonnees = dossier.Chemin();
-    s.DossierProgramme = dossier.Chemin();
-    s.NomsMois = {"Janvier", "Février", "Mars",      "Avril",   "Mai",      "Juin",
-                  "Juillet", "Août",    "Septembre", "Octobre", "Novembre", "Décembre"};
-    const QString ini = dossier.Fichier("maroval.ini");
-    if (!QFile::exists(ini)) {
-        QFile::copy(QStringLiteral(":/data/maroval.ini"), ini);
-        QFile::setPermissions(ini, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    }
-    OuvrirBase(dossier.Chemin());
+    NouvelleSession(dossier.Chemin());
+    OuvrirDossier(dossier.Chemin());
     ecran::OublierOuvreurs();
-}
-
-inline int Societe(const QString& nom) {
-    table::Societe r;
-    r.Nom = nom;
-    r.Ville = QStringLiteral("Lyon");
-    return AjouterSociete(r);
-}
-
-struct Exercice {
-    QString debut = QStringLiteral("20240101");
-    QString fin = QStringLiteral("20241231");
-    QString saisie;
-    double lastNumEcrit = 0;
-    bool clos = false;
-    QString symbole = QStringLiteral("€");
-};
-
-inline void AjouterExercice(int numSoc, int annee, Exercice e = {}) {
-    table::Constante c;
-    c.CleCon = CleExercice(numSoc, annee);
-    c.DateDebut = e.debut;
-    c.DateFin = e.fin;
-    c.DateSaisie = e.saisie.isEmpty() ? e.debut : e.saisie;
-    c.LastNumEcrit = e.lastNumEcrit;
-    c.ExerciceClos = e.clos;
-    c.SymboleMon = e.symbole;
-    AjouterConstante(c);
-}
-
-// Exercice calendaire de l'année, date de saisie donnée (AAAAMMJJ) ou le 1er janvier.
-inline void AjouterAnnee(int numSoc, int annee, const QString& saisie = QString()) {
-    Exercice e;
-    e.debut = QString::number(annee) + QStringLiteral("0101");
-    e.fin = QString::number(annee) + QStringLiteral("1231");
-    e.saisie = saisie;
-    AjouterExercice(numSoc, annee, e);
 }
 
 inline void AjouterComptes(const QString& cle, int nombre) {
@@ -86,31 +40,12 @@ inline void AjouterComptes(const QString& cle, int nombre) {
     }
 }
 
-inline int Compter(const std::string& sql, const QString& valeur = QString()) {
-    SQLite::Statement q(Base(), sql);
-    if (!valeur.isNull()) q.bind(1, valeur.toStdString());
-    return q.executeStep() ? q.getColumn(0).getInt() : -1;
-}
-
-inline table::Constante Constante(const QString& cle) {
-    table::Constante c;
-    LireConstante(cle, c);
-    return c;
-}
-
 // Texte des lignes d'une liste.
 inline QStringList Lignes(QWidget* racine, const QString& liste) {
     QStringList textes;
     auto* l = racine->findChild<QListWidget*>(liste);
     for (int i = 0; l && i < l->count(); ++i)
         textes << l->item(i)->text();
-    return textes;
-}
-
-inline QStringList TextesBoites() {
-    QStringList textes;
-    for (const ui::EntreeJournal& e : ui::JournalBoites())
-        textes << e.texte;
     return textes;
 }
 

@@ -2,6 +2,9 @@
 // des écrans, seconde instance, symbole décimal.
 
 #include "support/DossierEssai.h"
+#include "support/Outils.h"
+#include "support/SessionEssai.h"
+#include "support/TextesReprise.h"
 
 #include "base/Reglages.h"
 #include "companies/Demarrage.h"
@@ -18,15 +21,6 @@
 #include <QtTest>
 
 namespace {
-
-const QString kTitreMarqueur1 = QStringLiteral(
-    "Votre dernière session Maroval s'est terminee anormalement pendant l'enregistrement de "
-    "votre derniere ecriture.\n\nCette derniere ecriture n'a pas ete memorisee, veuillez la "
-    "re-saisir.\n\nLe reste de votre comptabilité n'a pas été affecté par cet arrêt brutal.");
-
-int Compter(const char* sql) {
-    return Base().execAndGet(sql).getInt();
-}
 
 void PoserImages() {
     Base().exec("INSERT INTO Compte (CleCpt, NumCpt) VALUES ('000000', '512')");
@@ -54,9 +48,7 @@ class TestDemarrage : public QObject {
         OuvrirBase(dossier->Chemin());
         PoserImages();
         FermerBase();
-        QFile::copy(QStringLiteral(":/data/maroval.ini"), dossier->Fichier("maroval.ini"));
-        QFile::setPermissions(dossier->Fichier("maroval.ini"),
-                              QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        essai::CopierIniLivre(dossier->Chemin());
         QVERIFY(
             FichierProfil(dossier->Fichier("maroval.ini")).Ecrire("Securite", "Erreur", erreur));
     }
@@ -111,7 +103,7 @@ private slots:
         Base().exec("INSERT INTO JourCent (Numero, Journal) VALUES (1, 'Journal des Ventes')");
         FermerBase();
         QVERIFY(Demarrage({"maroval"}));
-        QCOMPARE(Compter("SELECT count(*) FROM JourCent"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM JourCent"), 0);
     }
 
     void configurationAbsente_donneToutesLesValeursParDefaut() {
@@ -168,9 +160,9 @@ private slots:
     void marqueurZero_purgeLesImages() {
         PreparerDossier("0");
         QVERIFY(Demarrage({"maroval"}));
-        QCOMPARE(Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 0);
-        QCOMPARE(Compter("SELECT count(*) FROM Budget WHERE CleCpt='000000'"), 0);
-        QCOMPARE(Compter("SELECT count(*) FROM Constante WHERE CleCon='000000'"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Budget WHERE CleCpt='000000'"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Constante WHERE CleCon='000000'"), 0);
         QVERIFY(ui::JournalBoites().isEmpty());
     }
 
@@ -179,11 +171,11 @@ private slots:
         ui::RepondreBoite(ui::Reponse::OK);
         QVERIFY(Demarrage({"maroval"}));
         QCOMPARE(ui::JournalBoites().size(), 1);
-        QCOMPARE(ui::JournalBoites().first().texte, kTitreMarqueur1);
+        QCOMPARE(ui::JournalBoites().first().texte, essai::MessageMarqueur1);
         QCOMPARE(ui::JournalBoites().first().icone, ui::Icone::Exclamation);
         QCOMPARE(Marqueur(), QStringLiteral("0"));
-        QCOMPARE(Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 0);
-        QCOMPARE(Compter("SELECT count(*) FROM Constante WHERE CleCon='000000'"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Constante WHERE CleCon='000000'"), 0);
         QCOMPARE(ordre, (QStringList{"General", "Societe"}));
     }
 
@@ -193,7 +185,7 @@ private slots:
         QCOMPARE(ordre, (QStringList{"General", "Recup", "Societe"}));
         QCOMPARE(Marqueur(), QStringLiteral("0"));
         // La reprise consomme elle-même les images : pas de purge ici.
-        QCOMPARE(Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 1);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 1);
     }
 
     void marqueurAutreValeur_niMessageNiPurge() {
@@ -201,7 +193,7 @@ private slots:
         QVERIFY(Demarrage({"maroval"}));
         QVERIFY(ui::JournalBoites().isEmpty());
         QCOMPARE(Marqueur(), QStringLiteral("7"));
-        QCOMPARE(Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 1);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 1);
         QCOMPARE(ordre, (QStringList{"General", "Societe"}));
     }
 
@@ -210,9 +202,9 @@ private slots:
         PoserImages();
         Base().exec("INSERT INTO Compte (CleCpt, NumCpt) VALUES ('012024', '512')");
         PurgerCleTemporaire();
-        QCOMPARE(Compter("SELECT count(*) FROM Compte"), 1);
-        QCOMPARE(Compter("SELECT count(*) FROM Budget"), 0);
-        QCOMPARE(Compter("SELECT count(*) FROM Constante"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte"), 1);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Budget"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Constante"), 0);
     }
 
     void secondeInstance_refuseeSansRienEcrire() {

@@ -2,7 +2,7 @@
 // Aides communes aux essais des écrans de consultation : un modèle de livres passé une fois
 // puis copié pour chaque essai, l'ouverture d'un écran et la lecture de ses grilles.
 
-#include "../chart/EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/PiloteModal.h"
 
 #include "chart/GestionPlan.h"
@@ -36,12 +36,7 @@ public:
     void Liberer() { modele.reset(); }
     void Debut() {
         dossier = std::make_unique<support::DossierEssai>();
-        for (const char* nom : {"maroval.mdb", "maroval.ini"}) {
-            const QString vers = dossier->Fichier(QString::fromLatin1(nom));
-            QFile::remove(vers);
-            QFile::copy(modele->Fichier(QString::fromLatin1(nom)), vers);
-            QFile::setPermissions(vers, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        }
+        CopierDonnees(modele->Chemin(), dossier->Chemin());
         OuvrirSession(dossier->Chemin());
         QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
         FixerApplicationAssociee(true);
@@ -95,14 +90,6 @@ inline void LivresBoutique() {
     Passer("11/02/2024", {{"512", "D", Euros(40)}, {"530", "C", Euros(40)}}, "T");
     Passer("15/02/2024", {{"512", "D", Euros(10)}, {"708", "C", Euros(10)}}, "V");
     Passer("16/02/2024", {{"708", "D", Euros(10)}, {"512", "C", Euros(10)}}, "V");
-}
-
-template <class Ecran> std::unique_ptr<Ecran> Montrer() {
-    auto e = std::make_unique<Ecran>();
-    e->show();
-    e->activateWindow();
-    if (!QTest::qWaitForWindowActive(e.get())) qWarning("fenêtre inactive");
-    return e;
 }
 
 inline ui::Grille* Grille(QWidget* e, const char* nom) {

@@ -13,6 +13,7 @@
 
 #include <QHeaderView>
 #include <QPushButton>
+#include <QRadioButton>
 
 using namespace essai;
 
@@ -30,7 +31,7 @@ private slots:
     }
 
     void ouverture_videEnAttenteDuChoix() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         QCOMPARE(e->objectName(), QStringLiteral("Balance"));
         QCOMPARE(e->windowTitle(), QStringLiteral("Balance"));
         const QStringList titres = {"Numéro",       "Libellé",     "Solde début", "Total Débit",
@@ -52,7 +53,7 @@ private slots:
     }
 
     void generale_lignesColonnesEtTotaux() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
         const QList<QStringList> attendu = {
             {"101", "Capital", "1 000,00 E", "", "", "", "1 000,00 E"},
@@ -72,12 +73,12 @@ private slots:
     }
 
     void totaux_egauxAuxTotauxDeLaVerification() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         QCOMPARE(EcartsTotauxBalance(e.get()), QString());
     }
 
     void clients_creditDansSoldeCreditEtLigneDuCollectif() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRClient");
         QCOMPARE(
             Lignes(Grille(e.get(), "Tree1")),
@@ -92,7 +93,7 @@ private slots:
     }
 
     void fournisseurDebiteur_negatifEnSoldeDebitCompteEnPositif() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRFourn");
         QCOMPARE(Lignes(Grille(e.get(), "Tree1")),
                  QList<QStringList>({{"401001", "Moulin Martin", "0,00 E", "-250,00 E", "200,00 E",
@@ -105,7 +106,7 @@ private slots:
     }
 
     void clicSurUnTitre_trieLaBalance() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
         ui::Grille* g = Grille(e.get(), "Tree1");
         QTest::mouseClick(g->header()->viewport(), Qt::LeftButton, {},
@@ -121,7 +122,7 @@ private slots:
         // Capital ramené à 900 : l'ouverture et les soldes ne s'équilibrent plus.
         Base().exec("UPDATE Compte SET Sde=9000000, Solde=9000000 WHERE NumCpt='101'");
         Base().exec("UPDATE Constante SET SDR1=9000000, OuvertureClos=0");
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
         QCOMPARE(Texte(e.get(), "Label1"),
                  T("INFORMATION: La différence entre les soldes vient de votre bilan d'ouverture "
@@ -138,13 +139,13 @@ private slots:
 
     void information_jamaisAvecDesTotauxEgaux() {
         Base().exec("UPDATE Constante SET SDR1=9000000");
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
         QVERIFY(Texte(e.get(), "Label1").isEmpty());
     }
 
     void doubleClic_ouvreLeDetailDuCompte() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
         support::PiloteModal pilote;
         QString titre;
@@ -160,7 +161,7 @@ private slots:
     }
 
     void export_octetsEtMessage() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRClient");
         const QString chemin = banc.Fichier("clients.csv");
         Exporter(e.get(), "Command3", chemin);
@@ -180,7 +181,7 @@ private slots:
 
     void export_selectionVide_titreSeulSansMessageDEchec() {
         Base().exec("UPDATE Compte SET Sde=0, CumD=0, CumC=0, Solde=0 WHERE Menu=160");
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRFourn");
         QCOMPARE(Grille(e.get(), "Tree1")->NombreLignes(), 0);
         const QString chemin = banc.Fichier("fournisseurs.csv");
@@ -196,7 +197,7 @@ private slots:
 
     void export_pointVirguleDansUnLibelleNonProtege() {
         Base().exec("UPDATE Compte SET LibCpt='Client; Dupont' WHERE NumCpt='411001'");
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRClient");
         const QString chemin = banc.Fichier("clients.csv");
         Exporter(e.get(), "Command3", chemin);
@@ -205,7 +206,7 @@ private slots:
     }
 
     void export_generaleNomPropose() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         CliquerOption(e.get(), "BRCompl");
         ui::RepondreFichier(QString());
         support::CliquerBouton(e.get(), "Command3");

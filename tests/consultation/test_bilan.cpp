@@ -10,6 +10,8 @@
 #include "session/Session.h"
 #include "ui/Application.h"
 
+#include <QRadioButton>
+
 using namespace essai;
 
 namespace {
@@ -38,7 +40,7 @@ private slots:
     }
 
     void bilan_listesTotauxEtResultat() {
-        auto e = Montrer<ecran::Bilan>();
+        auto e = MontrerEcran<ecran::Bilan>();
         QCOMPARE(e->objectName(), QStringLiteral("Bilan"));
         QCOMPARE(e->windowTitle(), QStringLiteral("Bilan"));
         QCOMPARE(Titres(Grille(e.get(), "Tree1")), QStringList({"Numéro", "Libellé", "Solde"}));
@@ -61,7 +63,7 @@ private slots:
     }
 
     void resultat_listesSans699Ni799() {
-        auto e = Montrer<ecran::Resultat>();
+        auto e = MontrerEcran<ecran::Resultat>();
         QCOMPARE(e->objectName(), QStringLiteral("Resultat"));
         QCOMPARE(e->windowTitle(), T("Compte de Résultat"));
         QCOMPARE(Texte(e.get(), "Label1"), QStringLiteral("Charges"));
@@ -83,9 +85,9 @@ private slots:
         // Quatre dix-millièmes sur deux lignes de chaque écran : 0,00 affiché sur chacune.
         Base().exec("UPDATE Compte SET Solde=Solde+40 WHERE NumCpt IN ('512', '530', '707', "
                     "'708')");
-        auto b = Montrer<ecran::Bilan>();
+        auto b = MontrerEcran<ecran::Bilan>();
         QCOMPARE(Texte(b.get(), "Label3"), QStringLiteral("920,00 E"));
-        auto r = Montrer<ecran::Resultat>();
+        auto r = MontrerEcran<ecran::Resultat>();
         QCOMPARE(Grille(r.get(), "Tree2")->Texte(0, 2), QStringLiteral("170,00 E"));
         QCOMPARE(Texte(r.get(), "Label4"), QStringLiteral("170,01 E"));
     }
@@ -93,13 +95,13 @@ private slots:
     void exerciceSansEcriture_zeroSousReserveOuAffecteAuDernierJour() {
         Base().exec("UPDATE Compte SET Sde=0, CumD=0, CumC=0, Solde=0");
         {
-            auto e = Montrer<ecran::Bilan>();
+            auto e = MontrerEcran<ecran::Bilan>();
             QCOMPARE(Texte(e.get(), "Label3"), QStringLiteral("0,00 E"));
             QCOMPARE(Texte(e.get(), "Label10"), QStringLiteral("0,00 E"));
             QCOMPARE(Texte(e.get(), "Label9"), SousReserve);
         }
         Base().exec("UPDATE Constante SET DateSaisie='20241231'");
-        auto e = Montrer<ecran::Bilan>();
+        auto e = MontrerEcran<ecran::Bilan>();
         QCOMPARE(Texte(e.get(), "Label9"), T("Votre résultat a été affecté au bilan."));
     }
 
@@ -107,18 +109,18 @@ private slots:
         EcritureDeResultat();
         // La date de saisie de l'exercice est au dernier jour.
         Base().exec("UPDATE Constante SET DateSaisie='20241231'");
-        auto b = Montrer<ecran::Bilan>();
+        auto b = MontrerEcran<ecran::Bilan>();
         QCOMPARE(Texte(b.get(), "Label3"), QStringLiteral("920,00 E"));
         QCOMPARE(Texte(b.get(), "Label4"), QStringLiteral("920,00 E"));
         QCOMPARE(Texte(b.get(), "Label10"), QStringLiteral("0,00 E"));
         QCOMPARE(Texte(b.get(), "Label9"), T("Votre résultat a été affecté au bilan."));
-        auto r = Montrer<ecran::Resultat>();
+        auto r = MontrerEcran<ecran::Resultat>();
         QCOMPARE(Texte(r.get(), "Label10"), QStringLiteral("-30,00 E"));
         QCOMPARE(Texte(r.get(), "Label9"), T("Votre résultat :"));
     }
 
     void doubleClic_detailDuCompteEtGrilleVide() {
-        auto e = Montrer<ecran::Bilan>();
+        auto e = MontrerEcran<ecran::Bilan>();
         support::PiloteModal pilote;
         QString titre;
         pilote.Attendre("DetailCp", [&](QWidget* d) {
@@ -132,7 +134,7 @@ private slots:
         QCOMPARE(titre, QStringLiteral("101   Capital"));
         // Grilles vides : un compte vide part au détail.
         Base().exec("UPDATE Compte SET ErCpt='NN' WHERE ErCpt IN ('E2', 'R2')");
-        auto r = Montrer<ecran::Resultat>();
+        auto r = MontrerEcran<ecran::Resultat>();
         QCOMPARE(Grille(r.get(), "Tree1")->NombreLignes(), 0);
         support::PiloteModal second;
         second.Attendre("DetailCp", [&](QWidget* d) { support::CliquerBouton(d, "Command1"); });
@@ -145,7 +147,7 @@ private slots:
     }
 
     void export_bilanOctets() {
-        auto e = Montrer<ecran::Bilan>();
+        auto e = MontrerEcran<ecran::Bilan>();
         const QString chemin = banc.Fichier("bilan.csv");
         Exporter(e.get(), "CBExportExcel", chemin);
         QVERIFY(ui::JournalDialogues().last().detail.endsWith(QStringLiteral("Bilan.csv")));
@@ -164,7 +166,7 @@ private slots:
     }
 
     void export_resultatFichierExistantQuestionEtNon() {
-        auto e = Montrer<ecran::Resultat>();
+        auto e = MontrerEcran<ecran::Resultat>();
         const QString chemin = banc.Fichier("resultat.csv");
         {
             QFile f(chemin);
@@ -200,7 +202,7 @@ private slots:
     }
 
     void retourEtQuitter() {
-        auto e = Montrer<ecran::Bilan>();
+        auto e = MontrerEcran<ecran::Bilan>();
         QCOMPARE(support::TrouverBouton(e.get(), "Command2")->text(), QStringLiteral("Retour"));
         QCOMPARE(support::TrouverBouton(e.get(), "Command4")->text(), QStringLiteral("Quitter"));
         QCOMPARE(support::TrouverBouton(e.get(), "CBExportExcel")->text(),

@@ -92,7 +92,7 @@ private slots:
     }
 
     void balance_totauxDeLaVerification() {
-        auto e = Montrer<ecran::Balance>();
+        auto e = MontrerEcran<ecran::Balance>();
         QCOMPARE(EcartsTotauxBalance(e.get()), QString());
         CliquerOption(e.get(), "BRCompl");
         const QStringList totaux = Ligne(Grille(e.get(), "Tree2"), 0);
@@ -101,7 +101,7 @@ private slots:
     }
 
     void bilan_equilibreEtResultatAffecte() {
-        auto e = Montrer<ecran::Bilan>();
+        auto e = MontrerEcran<ecran::Bilan>();
         QCOMPARE(Texte(e.get(), "Label3"), Texte(e.get(), "Label4"));
         QCOMPARE(Texte(e.get(), "Label10"), Aff(Montant()));
         QCOMPARE(Texte(e.get(), "Label9"),
@@ -109,7 +109,7 @@ private slots:
     }
 
     void resultat_leResultatDeLAnnee() {
-        auto e = Montrer<ecran::Resultat>();
+        auto e = MontrerEcran<ecran::Resultat>();
         QCOMPARE(Texte(e.get(), "Label3"), Aff(charges));
         QCOMPARE(Texte(e.get(), "Label4"), Aff(produits));
         QCOMPARE(Texte(e.get(), "Label10"), Aff(produits - charges));
@@ -117,7 +117,7 @@ private slots:
     }
 
     void bilGraph_pilesDe2500() {
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QVERIFY2(Texte(e.get(), "Label29").isEmpty(), qPrintable(Texte(e.get(), "Label30")));
         QVERIFY(qAbs(Pile(e.get(), {"GBIENS", "GDAR", "GMD", "GRN"}) - 2500) < 1e-6);
         QVERIFY(qAbs(Pile(e.get(), {"GSN", "GDAP", "GRP"}) - 2500) < 1e-6);

@@ -10,6 +10,7 @@
 
 #include <QDialog>
 #include <QProgressBar>
+#include <QRadioButton>
 #include <QTextBrowser>
 
 using namespace essai;
@@ -70,7 +71,7 @@ private slots:
     }
 
     void ouverture_controles() {
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(e->objectName(), QStringLiteral("BilGraph"));
         QCOMPARE(e->windowTitle(), QStringLiteral("Bilan Graphique"));
         QCOMPARE(e->findChild<QRadioButton*>("Option1")->text(), QStringLiteral("&Bilan"));
@@ -84,7 +85,7 @@ private slots:
 
     void refus_bilanPasCree() {
         Fixer("E1=0, R1=0");
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(Texte(e.get(), "Label29"), T("Le bilan graphique ne peut être affiché."));
         QCOMPARE(Texte(e.get(), "Label30"), T("Raison : Votre bilan n'est pas encore créé."));
         QVERIFY(ui::JournalBoites().isEmpty());
@@ -92,7 +93,7 @@ private slots:
 
     void refus_ouvertureNonEquilibree() {
         Fixer("SDE1=10000000, SDR1=9000000");
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(Texte(e.get(), "Label29"), T("Le bilan graphique ne peut être affiché."));
         QCOMPARE(Texte(e.get(), "Label30"),
                  T("Raison : Le bilan d'ouverture n'est pas équilibré."));
@@ -100,14 +101,14 @@ private slots:
 
     void refus_situationNetteNegative() {
         Bilan(100, 0, 0, -100, 200, 0);
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(Texte(e.get(), "Label30"),
                  T("Raison : Votre Situation Nette est négative (-100,00 E)."));
     }
 
     void decouvert_rangeDansLesDettes() {
         Bilan(1000, 200, -100, 600, 500, 0);
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QVERIFY(Texte(e.get(), "Label29").isEmpty());
         QCOMPARE(Texte(e.get(), "LMD"), QStringLiteral("0,00 E"));
         QCOMPARE(Texte(e.get(), "LDAP"), QStringLiteral("600,00 E"));
@@ -123,19 +124,19 @@ private slots:
     void dettesNegatives_passentDeLAutreCote() {
         // Dettes à payer négatives : des créances.
         Bilan(1000, 100, 100, 1300, -100, 0);
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(Texte(e.get(), "LDAP"), QStringLiteral("0,00 E"));
         QCOMPARE(Texte(e.get(), "LDAR"), QStringLiteral("200,00 E"));
         // Dettes à recevoir négatives : des dettes.
         Bilan(1000, -100, 100, 700, 300, 0);
-        e = Montrer<ecran::BilGraph>();
+        e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(Texte(e.get(), "LDAR"), QStringLiteral("0,00 E"));
         QCOMPARE(Texte(e.get(), "LDAP"), QStringLiteral("400,00 E"));
     }
 
     void perteAGaucheBeneficeADroite_pilesDeMemeHauteur() {
         Bilan(900, 0, 0, 1000, 0, -100);
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QVERIFY(!Jauge(e.get(), "GRN")->isHidden());
         QVERIFY(Jauge(e.get(), "GRP")->isHidden());
         QCOMPARE(Jauge(e.get(), "GRN")->format(), T("Résultat Négatif"));
@@ -146,7 +147,7 @@ private slots:
                  T("L'exercice n'est pas terminé. Les écritures d'inventaires sont-elles "
                    "passées ?"));
         Bilan(1100, 0, 0, 1000, 0, 100);
-        e = Montrer<ecran::BilGraph>();
+        e = MontrerEcran<ecran::BilGraph>();
         QVERIFY(Jauge(e.get(), "GRN")->isHidden());
         QVERIFY(!Jauge(e.get(), "GRP")->isHidden());
         QCOMPARE(Jauge(e.get(), "GRP")->format(), T("Résultat Positif"));
@@ -156,7 +157,7 @@ private slots:
 
     void resultatAffecte_leMessageLeDit() {
         Bilan(1000, 0, 0, 1000, 0, 0);
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QCOMPARE(Texte(e.get(), "Label31"), T("Votre résultat a été affecté à la situation nette"));
         QVERIFY(Texte(e.get(), "LRES").startsWith(T("Résultat :")));
         QVERIFY(Jauge(e.get(), "GRN")->isHidden());
@@ -164,14 +165,14 @@ private slots:
     }
 
     void livresReels_pilesDe2500() {
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         QVERIFY2(Texte(e.get(), "Label29").isEmpty(), qPrintable(Texte(e.get(), "Label30")));
         QVERIFY(qAbs(Pile(e.get(), Gauche) - 2500) < 1e-6);
         QVERIFY(qAbs(Pile(e.get(), Droite) - 2500) < 1e-6);
     }
 
     void compteDeResultat_perteEtBenefice() {
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         CliquerOption(e.get(), "Option2");
         QCOMPARE(e->windowTitle(), T("Compte de Résultat Graphique"));
         QVERIFY(!e->findChild<QGroupBox*>("Frame3")->isHidden());
@@ -191,7 +192,7 @@ private slots:
 
     void compteDeResultat_refusSansEcriture() {
         Base().exec("UPDATE Compte SET Solde=0 WHERE ErCpt IN ('E2', 'R2')");
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         CliquerOption(e.get(), "Option2");
         QCOMPARE(Texte(e.get(), "Label29"), T("Le compte de résultat ne peut être affiché."));
         QCOMPARE(Texte(e.get(), "Label30"),
@@ -200,7 +201,7 @@ private slots:
 
     void aide_initiationEnFrancais() {
         QVERIFY(QFile::exists(ui::PageAide(ecran::BilGraph::ContexteAide)));
-        auto e = Montrer<ecran::BilGraph>();
+        auto e = MontrerEcran<ecran::BilGraph>();
         support::CliquerBouton(e.get(), "Command2");
         QTRY_VERIFY(ui::FenetreAide() && ui::FenetreAide()->isVisible());
         auto* texte = ui::FenetreAide()->findChild<QTextBrowser*>("TexteAide");

@@ -2,7 +2,7 @@
 // compte, toutes les lignes, celles d'un mois avec le solde qui part d'avant le mois, les
 // cumuls mensuels depuis le mois de début, et les octets de chaque export.
 
-#include "../chart/EssaiPlan.h"
+#include "support/ExerciceEssai.h"
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 

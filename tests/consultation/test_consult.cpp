@@ -48,7 +48,7 @@ private slots:
     }
 
     void chaqueBouton_ouvreSonEcran() {
-        auto e = Montrer<ecran::Consult>();
+        auto e = MontrerEcran<ecran::Consult>();
         QVERIFY(Ouvre(e.get(), "Command1", "Journal", "Command1"));
         QVERIFY(Ouvre(e.get(), "Command2", "Balance", "Command1"));
         QVERIFY(Ouvre(e.get(), "Command4", "Resultat", "Command2"));
@@ -60,7 +60,7 @@ private slots:
 
     void bilan_refuseOuvertureNonEquilibree() {
         Base().exec("UPDATE Constante SET SDR1=9000000, OuvertureClos=0");
-        auto e = Montrer<ecran::Consult>();
+        auto e = MontrerEcran<ecran::Consult>();
         ui::RepondreBoite(ui::Reponse::OK);
         support::CliquerBouton(e.get(), "Command5");
         QCOMPARE(TextesBoites(), QStringList({T("Votre bilan d'ouverture n'est pas équilibré.\n\n"
@@ -70,7 +70,7 @@ private slots:
 
     void bilan_refuseTransfertNonFait() {
         Base().exec("UPDATE Constante SET SDR1=9000000, OuvertureClos=1");
-        auto e = Montrer<ecran::Consult>();
+        auto e = MontrerEcran<ecran::Consult>();
         ui::RepondreBoite(ui::Reponse::OK);
         support::CliquerBouton(e.get(), "Command5");
         QCOMPARE(TextesBoites(),

@@ -3,8 +3,9 @@
 // et achat en débits et crédits, une contre-passation ; puis journal, balance, bilan, compte
 // de résultat et exports comparés aux chiffres calculés ici à part.
 
-#include "../entry/SaisieEssai.h"
 #include "EssaiConsultation.h"
+#include "support/GestesGrille.h"
+#include "support/GestesSaisie.h"
 
 #include "base/Reglages.h"
 #include "chart/Plan2.h"
@@ -159,7 +160,7 @@ private slots:
 
         // Plan standard pris en entier.
         {
-            auto plan = Montrer<ecran::Plan2>();
+            auto plan = MontrerEcran<ecran::Plan2>();
             support::ChoisirLigneListe(plan.get(), "List1", 0);
             ui::RepondreBoite(ui::Reponse::Oui);
             support::CliquerBouton(plan.get(), "Command1");
@@ -169,7 +170,7 @@ private slots:
 
         // Bilan d'ouverture : 1 000 en banque apportés en capital, clos.
         {
-            auto ouverture = Montrer<ecran::Prembil>();
+            auto ouverture = MontrerEcran<ecran::Prembil>();
             const auto saisir = [&](const char* grille, const char* numero) {
                 ui::Grille* g = Grille(ouverture.get(), grille);
                 support::CliquerCellule(g, g->ChercherTexte(0, numero), 2);
@@ -208,7 +209,7 @@ private slots:
         // Chiffres attendus, comptés à part : ventes 1 000, TVA 200, achats 300 et TVA 60.
         const Montant debits = Euros(1200 + 600 + 1200 + 360 + 600);
         {
-            auto j = Montrer<ecran::Journal>();
+            auto j = MontrerEcran<ecran::Journal>();
             CliquerOption(j.get(), "BRCrois");
             QCOMPARE(Grille(j.get(), "Tree1")->NombreLignes(), 14 + 5);
             QCOMPARE(Texte(j.get(), "Label1"), FormaterMontant(debits, session().FormatMontant));
@@ -218,7 +219,7 @@ private slots:
             QCOMPARE(Lignes(csv), 1 + 14);
         }
         {
-            auto b = Montrer<ecran::Balance>();
+            auto b = MontrerEcran<ecran::Balance>();
             QCOMPARE(EcartsTotauxBalance(b.get()), QString());
             CliquerOption(b.get(), "BRCompl");
             const QStringList totaux = Ligne(Grille(b.get(), "Tree2"), 0);
@@ -227,7 +228,7 @@ private slots:
             QVERIFY(Texte(b.get(), "Label1").isEmpty());
         }
         {
-            auto b = Montrer<ecran::Bilan>();
+            auto b = MontrerEcran<ecran::Bilan>();
             QCOMPARE(Texte(b.get(), "Label3"), QStringLiteral("2 260,00 E"));
             QCOMPARE(Texte(b.get(), "Label4"), QStringLiteral("1 560,00 E"));
             QCOMPARE(Texte(b.get(), "Label10"), QStringLiteral("700,00 E"));
@@ -237,7 +238,7 @@ private slots:
                 T(";Résultat (sous réserve des écritures d'inventaire) :;700,00 E\r\n").toUtf8()));
         }
         {
-            auto r = Montrer<ecran::Resultat>();
+            auto r = MontrerEcran<ecran::Resultat>();
             QCOMPARE(Texte(r.get(), "Label3"), QStringLiteral("300,00 E"));
             QCOMPARE(Texte(r.get(), "Label4"), QStringLiteral("1 000,00 E"));
             QCOMPARE(Texte(r.get(), "Label10"), QStringLiteral("700,00 E"));

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 
 using namespace essai;
 
@@ -77,7 +78,7 @@ private slots:
     }
 
     void ouverture_controlesEtMoisCourant() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         QCOMPARE(e->objectName(), QStringLiteral("Journal"));
         QCOMPARE(e->windowTitle(), QStringLiteral("Consultations des Journaux"));
         QCOMPARE(Titres(Grille(e.get(), "Tree1")),
@@ -116,11 +117,11 @@ private slots:
     }
 
     void journalAvantOrdre_avertitEtVideLaGrille() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         QCOMPARE(Grille(e.get(), "Tree1")->NombreLignes(), 9);
         // Un nouvel écran : aucun ordre choisi.
-        auto f = Montrer<ecran::Journal>();
+        auto f = MontrerEcran<ecran::Journal>();
         ui::ViderJournalBoites();
         ui::RepondreBoite(ui::Reponse::OK);
         CliquerOption(f.get(), "BRAchats");
@@ -132,7 +133,7 @@ private slots:
     }
 
     void croissant_ligneVideApresLaLigneDeFin() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         QCOMPARE(Lignes(Grille(e.get(), "Tree1")),
                  QList<QStringList>({L1, L2, Vide(), L3, L4, Vide(), L5, L6, Vide()}));
@@ -144,7 +145,7 @@ private slots:
     }
 
     void remplissage_peintureCoupeeEtJaugeMontree() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         ui::Grille* g = Grille(e.get(), "Tree1");
         auto* jauge = e->findChild<QProgressBar*>("Gauge1");
         bool peintureCoupee = false, jaugeVue = false;
@@ -165,14 +166,14 @@ private slots:
     }
 
     void decroissant_ligneVideAvantLaLigneDeFin() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRDecrois");
         QCOMPARE(Lignes(Grille(e.get(), "Tree1")),
                  QList<QStringList>({L6, L5, Vide(), L4, L3, Vide(), L2, L1}));
     }
 
     void unJournal_seulesSesLignes() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         CliquerOption(e.get(), "BRTresor");
         QCOMPARE(e->CodeJournal(), QStringLiteral("T"));
@@ -186,7 +187,7 @@ private slots:
     }
 
     void journalSansLigne_grilleVideExportFermeJaugeCachee() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         CliquerOption(e.get(), "BRInvent");
         QCOMPARE(Grille(e.get(), "Tree1")->NombreLignes(), 0);
@@ -199,7 +200,7 @@ private slots:
     }
 
     void mensuel_rienAvantDeLancerPuisLeMois() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         auto* mois = e->findChild<QComboBox*>("Combo1");
         QVERIFY(!mois->isEnabled());
@@ -220,7 +221,7 @@ private slots:
     void mensuel_parDateDePiece() {
         // L'achat de février porte une pièce datée de mars.
         Base().exec("UPDATE Ecriture SET DatePiece='20240301' WHERE NumEcr IN (3, 4)");
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         CliquerOption(e.get(), "BRMensuel");
         e->findChild<QComboBox*>("Combo1")->setCurrentIndex(2);
@@ -235,7 +236,7 @@ private slots:
     }
 
     void export_octetsDuFichierEtMessage() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRDecrois");
         const QString chemin = banc.Fichier("journal.csv");
         Exporter(e.get(), "Command3", chemin);
@@ -264,7 +265,7 @@ private slots:
     }
 
     void export_nomProposeDuJournalEtAnnulation() {
-        auto e = Montrer<ecran::Journal>();
+        auto e = MontrerEcran<ecran::Journal>();
         CliquerOption(e.get(), "BRCrois");
         CliquerOption(e.get(), "BROpDiv");
         CliquerOption(e.get(), "BRAchats");
@@ -276,14 +277,14 @@ private slots:
 
     void fermeture_gardeTailleEtColonnes() {
         {
-            auto e = Montrer<ecran::Journal>();
+            auto e = MontrerEcran<ecran::Journal>();
             e->resize(900, 500);
             Grille(e.get(), "Tree1")->FixerLargeurColonne(3, 333);
             support::CliquerBouton(e.get(), "Command1");
         }
         QCOMPARE(LireReglage("JournalForm", "width"), QStringLiteral("900"));
         QCOMPARE(LireReglage("JournalForm", "height"), QStringLiteral("500"));
-        auto f = Montrer<ecran::Journal>();
+        auto f = MontrerEcran<ecran::Journal>();
         QCOMPARE(f->width(), 900);
         QCOMPARE(Grille(f.get(), "Tree1")->LargeurColonne(3), 333);
     }

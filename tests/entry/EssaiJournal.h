@@ -2,9 +2,10 @@
 // Livres d'essai pour les écrans qui partent du journal (annulation, libellé) : trois
 // groupes passés par le moteur, et l'écran montré avec son journal rempli.
 
-#include "../posting/LivresEssai.h"
 #include "support/DossierEssai.h"
 #include "support/GestesGrille.h"
+#include "support/LivresEssai.h"
+#include "support/Recalcul.h"
 
 #include "ui/Boite.h"
 #include "ui/Grille.h"
@@ -36,7 +37,7 @@ struct LivresTroisGroupes {
     void Ouvrir() {
         support::RemettreServicesAZero();
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
         depart = Photographier();
         TroisGroupes();
     }

@@ -28,7 +28,7 @@ struct EcranDC {
     void Preparer() {
         support::RemettreServicesAZero();
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
     }
     void Liberer() {
         if (t2 && t2->EditionOuverte()) t2->AnnulerEdition();

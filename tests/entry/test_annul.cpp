@@ -106,7 +106,7 @@ private slots:
         annul.reset();
         livres.Fermer();
         livres.dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(livres.dossier->Chemin());
+        OuvrirLivres(livres.dossier->Chemin());
         Vente(Euros(10), Euros(2));
         Ouvrir(3);
         CliquerNumero(t1, 3);

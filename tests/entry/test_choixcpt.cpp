@@ -2,12 +2,12 @@
 // leur case, refus d'un compte déjà présent, retrait, seuil de deux comptes, rappel après
 // une écriture passée.
 
+#include "support/DonneesReference.h"
 #include "support/DossierEssai.h"
+#include "support/ExerciceEssai.h"
 #include "support/GestesGrille.h"
 #include "support/PiloteModal.h"
 
-#include "chart/DonneesReference.h"
-#include "chart/EssaiPlan.h"
 #include "entry/ChoixCpt.h"
 #include "session/Session.h"
 #include "ui/Application.h"

@@ -3,6 +3,7 @@
 
 #include "EssaiSaisDC.h"
 
+#include "posting/Verification.h"
 #include "ui/Application.h"
 #include "ui/ChampDate.h"
 

@@ -3,6 +3,7 @@
 
 #include "EssaiSaisDC.h"
 
+#include "posting/Filtre.h"
 #include "session/Session.h"
 #include "ui/Application.h"
 #include "ui/ChampDate.h"

@@ -2,9 +2,9 @@
 // menu, refus de "Suivant->", écriture du résultat au dernier jour, pile des écrans.
 
 #include "support/DossierEssai.h"
+#include "support/ExerciceEssai.h"
 #include "support/PiloteModal.h"
 
-#include "chart/EssaiPlan.h"
 #include "entry/Choisais.h"
 #include "entry/LigneMenu.h"
 #include "entry/Saislog.h"

@@ -4,10 +4,13 @@
 // marqueur, reprise automatique) et compare toutes les tables à ce qui est attendu.
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
+#include "support/Recalcul.h"
 
 #include "backup/Recup.h"
 #include "companies/Demarrage.h"
-#include "posting/LivresEssai.h"
+#include "posting/Filtre.h"
+#include "posting/PasserEcriture.h"
 #include "posting/Verification.h"
 #include "session/FichierProfil.h"
 #include "ui/Application.h"
@@ -58,7 +61,7 @@ void Reprendre() {
 }
 
 int Fils() {
-    ReprendreExercice(qEnvironmentVariable("MAROVAL_DONNEES"));
+    ReprendreLivres(qEnvironmentVariable("MAROVAL_DONNEES"));
     g_arret = qEnvironmentVariableIntValue("MAROVAL_ARRET");
     const QString mode = qEnvironmentVariable("MAROVAL_MODE");
     EcouterEcritures();
@@ -131,7 +134,7 @@ class TestArretBrutal : public QObject {
 
     // Redémarre comme le programme ; rend la boîte montrée (vide s'il n'y en a pas).
     QString Redemarrer() {
-        ReprendreExercice(dossier->Chemin());
+        ReprendreLivres(dossier->Chemin());
         // Une autre société ouverte la dernière fois : la reprise suit le marqueur.
         session().NumSocCourante = 7;
         session().ExerciceCourant = 1999;
@@ -155,14 +158,14 @@ class TestArretBrutal : public QObject {
     // Lignes ajoutées par une suite d'opérations sur une copie du modèle.
     template <class F> QStringList Ajouts(const QStringList& avant, F operations) {
         Remettre();
-        ReprendreExercice(dossier->Chemin());
+        ReprendreLivres(dossier->Chemin());
         operations();
         return Difference(avant, Vidage());
     }
 
     // Une écriture arrêtée à chacune de ses écritures durables, puis reprise.
     void Matrice(const QString& monnaie, const QStringList& sansBudget) {
-        ReprendreExercice(dossier->Chemin());
+        ReprendreLivres(dossier->Chemin());
         const QStringList avant = Vidage();
         Garder();
 
@@ -178,7 +181,7 @@ class TestArretBrutal : public QObject {
         const QString ev = complet.evenements;
         QCOMPARE(ev.count(u'P'), 3);
         QCOMPARE(ev.count(u'V'), 3);
-        ReprendreExercice(dossier->Chemin());
+        ReprendreLivres(dossier->Chemin());
         const QStringList apres = Vidage();
         QVERIFY(Verification());
         QStringList budgetsFaits;
@@ -238,7 +241,7 @@ private slots:
     void init() {
         QVERIFY(modele.isValid());
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
     }
     void cleanup() {
         FermerBase();
@@ -276,7 +279,7 @@ private slots:
         Remettre();
         QVERIFY(LancerFils("E", p3).tue);
         // La base rouverte puis fermée reprend ce que le journal WAL du fils gardait.
-        ReprendreExercice(dossier->Chemin());
+        ReprendreLivres(dossier->Chemin());
         QCOMPARE(Marqueur(), QStringLiteral("2"));
         QVERIFY(Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'") > 0);
         QCOMPARE(Compter("SELECT count(*) FROM Ecriture"), 3);

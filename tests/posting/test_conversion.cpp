@@ -2,8 +2,9 @@
 // relecture par l'image des montants, ligne d'écart sur 677 ou 777.
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
+#include "support/Recalcul.h"
 
-#include "posting/LivresEssai.h"
 #include "posting/Verification.h"
 #include "store/Acces.h"
 #include "ui/Application.h"
@@ -50,7 +51,7 @@ class TestConversion : public QObject {
 private slots:
     void init() {
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
         depart = Photographier();
     }
     void cleanup() {

@@ -2,8 +2,10 @@
 // centime, recalculés ici depuis les lignes d'Ecriture.
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
+#include "support/Recalcul.h"
 
-#include "posting/LivresEssai.h"
+#include "posting/Filtre.h"
 #include "posting/Verification.h"
 #include "ui/Application.h"
 
@@ -34,7 +36,7 @@ class TestTotauxExercice : public QObject {
 private slots:
     void init() {
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
         depart = Photographier();
     }
     void cleanup() {

@@ -2,8 +2,8 @@
 // contrôles, comparaison à deux décimales.
 
 #include "support/DossierEssai.h"
+#include "support/LivresEssai.h"
 
-#include "posting/LivresEssai.h"
 #include "posting/Verification.h"
 #include "ui/Application.h"
 
@@ -55,7 +55,7 @@ class TestVerification : public QObject {
 private slots:
     void init() {
         dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(dossier->Chemin());
+        OuvrirLivres(dossier->Chemin());
     }
     void cleanup() {
         FermerBase();

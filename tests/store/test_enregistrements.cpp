@@ -2,17 +2,14 @@
 // le comportement « non trouvé » propres à chaque table.
 
 #include "support/DossierEssai.h"
+#include "support/Outils.h"
 
 #include "store/Base.h"
 #include "store/Routines.h"
 
 #include <QtTest>
 
-namespace {
-Montant M(double v) {
-    return Montant::depuisDouble(v);
-}
-} // namespace
+using essai::Euros;
 
 class TestEnregistrements : public QObject {
     Q_OBJECT
@@ -69,12 +66,12 @@ private slots:
         table::Compte c;
         c.NumCpt = "512";
         c.LibCpt = "Banque";
-        c.Solde = M(12.5);
+        c.Solde = Euros(12.5);
         c.Menu = 330;
         QVERIFY(!LireCompte("012024", "999", c));
         QCOMPARE(c.NumCpt, QStringLiteral("512"));
         QCOMPARE(c.LibCpt, QStringLiteral("Banque"));
-        QCOMPARE(c.Solde, M(12.5));
+        QCOMPARE(c.Solde, Euros(12.5));
         QCOMPARE(int(c.Menu), 330);
     }
 
@@ -86,14 +83,14 @@ private slots:
         c.ErCpt = "R1";
         c.Bilan = "DAP";
         c.Tiers = true;
-        c.Sde = M(100);
-        c.CumD = M(-20.5);
-        c.CumC = M(30.25);
-        c.Solde = M(109.75);
-        c.SoldeAnte = M(-1);
+        c.Sde = Euros(100);
+        c.CumD = Euros(-20.5);
+        c.CumC = Euros(30.25);
+        c.Solde = Euros(109.75);
+        c.SoldeAnte = Euros(-1);
         for (int m = 1; m <= 12; ++m) {
-            c.CumDM[m] = M(m);
-            c.CumCM[m] = M(-m * 2);
+            c.CumDM[m] = Euros(m);
+            c.CumCM[m] = Euros(-m * 2);
         }
         c.Menu = 160;
         c.Fisc = "40";
@@ -106,16 +103,16 @@ private slots:
         QCOMPARE(lu.ErCpt, QStringLiteral("R1"));
         QCOMPARE(lu.Bilan, QStringLiteral("DAP  "));
         QVERIFY(lu.Tiers);
-        QCOMPARE(lu.Solde, M(109.75));
-        QCOMPARE(lu.CumC, M(30.25));
-        QCOMPARE(lu.CumDM[7], M(7));
-        QCOMPARE(lu.CumCM[12], M(-24));
+        QCOMPARE(lu.Solde, Euros(109.75));
+        QCOMPARE(lu.CumC, Euros(30.25));
+        QCOMPARE(lu.CumDM[7], Euros(7));
+        QCOMPARE(lu.CumCM[12], Euros(-24));
         QCOMPARE(int(lu.Menu), 160);
-        lu.Solde = M(0.01);
+        lu.Solde = Euros(0.01);
         QVERIFY(MajCompte("012024", "401DUPON", lu));
         table::Compte relu;
         QVERIFY(LireCompte("012024", "401DUPON", relu));
-        QCOMPARE(relu.Solde, M(0.01));
+        QCOMPARE(relu.Solde, Euros(0.01));
         QVERIFY(!MajCompte("012025", "401DUPON", relu)); // autre exercice : rien n'est écrit
     }
 
@@ -147,20 +144,20 @@ private slots:
         table::Ventilation v;
         v.CleCpt = "012024";
         v.NumVentil = 7;
-        v.Ventil[1] = M(10);
-        v.Ventil[98] = M(-3.5);
+        v.Ventil[1] = Euros(10);
+        v.Ventil[98] = Euros(-3.5);
         AjouterVentilation(v);
         table::Ventilation lu;
         QVERIFY(LireVentilation("012024", 7, lu));
-        QCOMPARE(lu.Ventil[98], M(-3.5));
+        QCOMPARE(lu.Ventil[98], Euros(-3.5));
         table::Ventilation autre;
         QVERIFY(!LireVentilation("022024", 7, autre));
         QVERIFY(!LireVentilation("012024", 8, autre));
-        lu.Ventil[2] = M(4);
+        lu.Ventil[2] = Euros(4);
         QVERIFY(MajVentilation("012024", 7, lu));
         table::Ventilation relu;
         QVERIFY(LireVentilation("012024", 7, relu));
-        QCOMPARE(relu.Ventil[2], M(4));
+        QCOMPARE(relu.Ventil[2], Euros(4));
     }
 
     void ecriture_ajoutEtLecture() {
@@ -170,7 +167,7 @@ private slots:
         e.DateEcr = "20240315";
         e.NumCptEcr = "411DURAN";
         e.ErEcr = "E1";
-        e.MntEcr = M(-120.4);
+        e.MntEcr = Euros(-120.4);
         e.LibEcr = "Facture 12";
         e.DCEcr = "C";
         e.Journal = "V";
@@ -181,7 +178,7 @@ private slots:
         AjouterEcriture(e);
         table::Ecriture lu;
         QVERIFY(LireEcriture("012024", 3, lu));
-        QCOMPARE(lu.MntEcr, M(-120.4));
+        QCOMPARE(lu.MntEcr, Euros(-120.4));
         QCOMPARE(int(lu.Lettrage), 255);
         QCOMPARE(lu.DateEcheance, QStringLiteral("        "));
         QVERIFY(lu.Fin);
@@ -193,7 +190,7 @@ private slots:
     void saisie_ajoutDesVingtQuatreChampsEtDerniereNonFinie() {
         table::Saisie a;
         a.wNumCpt = "512";
-        a.wMntEcr = M(50);
+        a.wMntEcr = Euros(50);
         a.wFin = false;
         a.wMenuLigne = "11";
         a.wRappel = true;
@@ -204,7 +201,7 @@ private slots:
         AjouterSaisie(a);
         table::Saisie b = a;
         b.wNumCpt = "706";
-        b.wMntEcr = M(50);
+        b.wMntEcr = Euros(50);
         AjouterSaisie(b);
         table::Saisie c = a;
         c.wNumCpt = "445";
@@ -229,39 +226,39 @@ private slots:
         b.NumBud = "607";
         b.LibBud = "Achats de marchandises";
         b.ERBUD = "E2";
-        b.Budget = M(1200);
-        b.BudgetM[1] = M(100);
-        b.Reel = M(50.5);
-        b.ReelM[3] = M(50.5);
-        b.BudFutM[12] = M(9);
+        b.Budget = Euros(1200);
+        b.BudgetM[1] = Euros(100);
+        b.Reel = Euros(50.5);
+        b.ReelM[3] = Euros(50.5);
+        b.BudFutM[12] = Euros(9);
         AjouterBudget(b);
         table::Budget lu;
         QVERIFY(LireBudget("012024", "607", lu));
-        QCOMPARE(lu.ReelM[3], M(50.5));
-        QCOMPARE(lu.BudFutM[12], M(9));
+        QCOMPARE(lu.ReelM[3], Euros(50.5));
+        QCOMPARE(lu.BudFutM[12], Euros(9));
         QVERIFY(!LireBudget("012024", "707", lu));
-        lu.Reel = M(60);
+        lu.Reel = Euros(60);
         QVERIFY(MajBudget("012024", "607", lu));
         table::Budget relu;
         QVERIFY(LireBudget("012024", "607", relu));
-        QCOMPARE(relu.Reel, M(60));
+        QCOMPARE(relu.Reel, Euros(60));
     }
 
     void wbilan_ouiNon() {
         table::Wbilan w;
         w.Clef = 1;
         w.Numero1 = "211";
-        w.Solde1 = M(3);
+        w.Solde1 = Euros(3);
         AjouterWbilan(w);
         table::Wbilan lu;
         QVERIFY(LireWbilan(1, lu));
-        QCOMPARE(lu.Solde1, M(3));
+        QCOMPARE(lu.Solde1, Euros(3));
         QVERIFY(!LireWbilan(2, lu));
-        lu.Solde2 = M(4);
+        lu.Solde2 = Euros(4);
         QVERIFY(MajWbilan(1, lu));
         table::Wbilan relu;
         QVERIFY(LireWbilan(1, relu));
-        QCOMPARE(relu.Solde2, M(4));
+        QCOMPARE(relu.Solde2, Euros(4));
     }
 
     void constante_tousLesTotauxAllerRetour() {
@@ -269,11 +266,11 @@ private slots:
         c.CleCon = "012024";
         c.DateDebut = "20240101";
         c.DateFin = "20241231";
-        c.TDJG = M(1);
-        c.TCJIM[12] = M(2);
-        c.TDJVM[1] = M(3);
+        c.TDJG = Euros(1);
+        c.TCJIM[12] = Euros(2);
+        c.TDJVM[1] = Euros(3);
         c.LastNumEcrit = 17;
-        c.Resultat = M(-4);
+        c.Resultat = Euros(-4);
         c.OuvertureClos = true;
         c.SymboleMon = "€";
         AjouterConstante(c);
@@ -282,17 +279,17 @@ private slots:
         QCOMPARE(lu.CleCon, QStringLiteral("012024"));
         QCOMPARE(lu.DateDebut, QStringLiteral("20240101"));
         QCOMPARE(lu.DateSaisie, QString()); // dates en texte variable, sans blancs
-        QCOMPARE(lu.TCJIM[12], M(2));
-        QCOMPARE(lu.TDJVM[1], M(3));
+        QCOMPARE(lu.TCJIM[12], Euros(2));
+        QCOMPARE(lu.TDJVM[1], Euros(3));
         QCOMPARE(lu.LastNumEcrit, 17.0);
-        QCOMPARE(lu.Resultat, M(-4));
+        QCOMPARE(lu.Resultat, Euros(-4));
         QVERIFY(lu.OuvertureClos);
         QCOMPARE(lu.SymboleMon, QStringLiteral("€"));
-        lu.TDJG = M(5);
+        lu.TDJG = Euros(5);
         QVERIFY(MajConstante("012024", lu));
         table::Constante relu;
         QVERIFY(LireConstante("012024", relu));
-        QCOMPARE(relu.TDJG, M(5));
+        QCOMPARE(relu.TDJG, Euros(5));
         QVERIFY(!LireConstante("022024", relu));
     }
 

@@ -1,47 +1,27 @@
-#pragma once
-// Outils communs aux tests des tables livrées (filtre, Tableau, PlanType) : lecture des
-// lignes chargées dans une base neuve, numéro cherché à la création d'un compte, copie
-// d'un plan type et comptes qu'une case de menu propose.
+#include "support/DonneesReference.h"
+#include "support/ExerciceEssai.h"
 
 #include "posting/Filtre.h"
 #include "store/Base.h"
 #include "store/Routines.h"
-#include "support/DossierEssai.h"
 
-#include <QList>
-#include <QString>
-#include <QStringList>
-#include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
 namespace essai {
 
-// Une base neuve, avec les tables livrées, dans un dossier de données temporaire.
-class BaseEssai {
-public:
-    BaseEssai() { OuvrirBase(dossier.Chemin()); }
-    ~BaseEssai() { FermerBase(); }
-    BaseEssai(const BaseEssai&) = delete;
-    BaseEssai& operator=(const BaseEssai&) = delete;
+BaseEssai::BaseEssai() {
+    OuvrirBase(dossier.Chemin());
+}
 
-private:
-    support::DossierEssai dossier;
-};
+BaseEssai::~BaseEssai() {
+    FermerBase();
+}
 
-// Exercice d'essai : société 1, année 2024.
-inline const QString CleEssai = QStringLiteral("012024");
-
-inline QString Colonne(SQLite::Statement& q, int i) {
+QString Colonne(SQLite::Statement& q, int i) {
     return QString::fromUtf8(q.getColumn(i).getText()).trimmed();
 }
 
-struct Plage {
-    QString inf, sup, message, ercpt, bilan;
-    bool tiers = false;
-    QString menu;
-};
-
-inline QList<Plage> Plages() {
+QList<Plage> Plages() {
     QList<Plage> l;
     SQLite::Statement q(Base(), "SELECT BorneInf, BorneSup, Message, ERCPT, Bilan, Tiers, Menu "
                                 "FROM filtre ORDER BY BorneInf");
@@ -52,8 +32,7 @@ inline QList<Plage> Plages() {
     return l;
 }
 
-// Plage trouvée pour un numéro à la création d'un compte.
-inline table::Filtre FiltreDuCompte(const QString& numero) {
+table::Filtre FiltreDuCompte(const QString& numero) {
     table::Filtre f = LireFiltre(::CleFiltre(numero));
     f.ERCPT = f.ERCPT.trimmed();
     f.Bilan = f.Bilan.trimmed();
@@ -62,7 +41,7 @@ inline table::Filtre FiltreDuCompte(const QString& numero) {
     return f;
 }
 
-inline QList<table::Tableau> LignesTableau() {
+QList<table::Tableau> LignesTableau() {
     QList<table::Tableau> l;
     SQLite::Statement q(Base(),
                         "SELECT tMenuLigne, tMenuPrincipal, tLibMenuprinc, tPremierMenu, tJournal, "
@@ -87,33 +66,24 @@ inline QList<table::Tableau> LignesTableau() {
     return l;
 }
 
-inline table::Tableau CaseDeMenu(const QString& cle) {
+table::Tableau CaseDeMenu(const QString& cle) {
     for (const table::Tableau& t : LignesTableau())
         if (t.tMenuLigne == cle) return t;
     return {};
 }
 
-// Codes d'une case, lus comme le choix des comptes les lit : tTaille codes de trois
-// caractères aux positions 1, 5, 9...
-inline QList<int> Classes(const table::Tableau& t) {
+QList<int> Classes(const table::Tableau& t) {
     QList<int> l;
     for (int i = 0; i < t.tTaille; ++i)
         l << t.tMenuAutorise.mid(4 * i, 3).toInt();
     return l;
 }
 
-inline bool ToutLePlan(const table::Tableau& t) {
+bool ToutLePlan(const table::Tableau& t) {
     return t.tTaille == 1 && t.tMenuAutorise.left(3).toInt() == 999;
 }
 
-// Crée le compte comme la création d'un compte du plan le fait (codes de la plage filtre
-// du numéro, ligne de budget des charges et produits). Sans effet si le compte existe déjà.
-inline void CreerCompte(const QString& numero, const QString& libelle) {
-    AssurerCompte(CleEssai, numero, libelle, QString(), QString());
-}
-
-// Copie de la totalité d'un plan type, puis les quatre comptes faits en quittant le plan.
-inline int CopierPlan(const QString& numPlan) {
+int CopierPlan(const QString& numPlan) {
     // Une transaction pour la vitesse des tests : le résultat est celui des écritures une à une.
     SQLite::Transaction t(Base());
     Base().exec("DELETE FROM Compte");
@@ -121,20 +91,21 @@ inline int CopierPlan(const QString& numPlan) {
     SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt FROM PlanType WHERE NumPlan = ?");
     q.bind(1, numPlan.toStdString());
     int n = 0;
+    // Chaque compte comme la création d'un compte du plan le fait (codes de la plage filtre du
+    // numéro, ligne de budget des charges et produits).
     while (q.executeStep()) {
-        CreerCompte(Colonne(q, 0), Colonne(q, 1));
+        Compte(Colonne(q, 0), Colonne(q, 1));
         ++n;
     }
-    CreerCompte(QStringLiteral("400"), QStringLiteral("Fournisseurs collectif"));
-    CreerCompte(QStringLiteral("410"), QStringLiteral("Clients collectif"));
-    CreerCompte(QStringLiteral("699"), QStringLiteral("Compte pour résultat positif"));
-    CreerCompte(QStringLiteral("799"), QStringLiteral("Compte pour résultat négatif"));
+    Compte(QStringLiteral("400"), QStringLiteral("Fournisseurs collectif"));
+    Compte(QStringLiteral("410"), QStringLiteral("Clients collectif"));
+    Compte(QStringLiteral("699"), QStringLiteral("Compte pour résultat positif"));
+    Compte(QStringLiteral("799"), QStringLiteral("Compte pour résultat négatif"));
     t.commit();
     return n;
 }
 
-// Comptes de l'exercice d'essai qu'une case propose, par la requête du choix des comptes.
-inline QStringList ComptesProposes(const table::Tableau& t) {
+QStringList ComptesProposes(const table::Tableau& t) {
     std::string sql = "SELECT NumCpt FROM Compte WHERE CleCpt = ? AND ";
     if (ToutLePlan(t)) {
         sql += "NumCpt <> '400     ' AND NumCpt <> '410     ' AND NumCpt <> '699     ' AND "
@@ -146,14 +117,14 @@ inline QStringList ComptesProposes(const table::Tableau& t) {
         sql += "(" + conditions.join(QStringLiteral(" OR ")).toStdString() + ")";
     }
     SQLite::Statement q(Base(), sql + " ORDER BY NumCpt");
-    q.bind(1, CleEssai.toStdString());
+    q.bind(1, Cle.toStdString());
     QStringList l;
     while (q.executeStep())
         l << Colonne(q, 0);
     return l;
 }
 
-inline QStringList Plans() {
+QStringList Plans() {
     QStringList l;
     SQLite::Statement q(Base(), "SELECT DISTINCT NumPlan FROM PlanType ORDER BY NumPlan");
     while (q.executeStep())
