@@ -42,7 +42,7 @@ void Captures(const QString& dossier) {
     auto* t1 = annul.findChild<ui::Grille*>("Tree1");
     while (t1->NombreLignes() == 0)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    annul.Tree1_Click(t1->topLevelItem(1));
+    annul.Tree1_Click(1);
     annul.findChild<QPushButton*>("Command3")->click();
     QCoreApplication::processEvents();
     annul.grab().save(dossier + QStringLiteral("/Annul.png"));
@@ -119,7 +119,7 @@ int main(int argc, char** argv) {
     const int milieu =
         t1->NombreLignes() / 2 + (t1->DonneeLigne(t1->NombreLignes() / 2).toInt() < 0);
     chrono.restart();
-    annul.Tree1_Click(t1->topLevelItem(milieu));
+    annul.Tree1_Click(milieu);
     std::printf("Groupe trouvé (%d à %d) en %lld ms\n", annul.NumDebutGroupe, annul.NumFinGroupe,
                 static_cast<long long>(chrono.elapsed()));
     chrono.restart();

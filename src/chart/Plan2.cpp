@@ -39,6 +39,7 @@ Plan2::Plan2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::
     ui->Tree3->FixerLargeurColonne(0, 80);
     ui->Tree3->FixerLargeurColonne(1, 280);
     ui->Tree3->FixerLargeurColonne(2, 120);
+    ui->Tree3->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
     ui->Mnumero->setInputMask(masqueGeneral);
     ui->Mnumero->installEventFilter(this);
 
@@ -58,8 +59,8 @@ Plan2::Plan2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::
     connect(ui->BRfournisseur, &QRadioButton::clicked, this, &Plan2::BRfournisseur_Click);
     connect(ui->BRgeneral, &QRadioButton::clicked, this, &Plan2::BRgeneral_Click);
     connect(ui->Mnumero, &QLineEdit::textEdited, this, &Plan2::Mnumero_Change);
-    connect(ui->Tree3, &QTreeWidget::itemClicked, this, &Plan2::Tree3_Click);
-    connect(ui->Tree3, &QTreeWidget::itemDoubleClicked, this, &Plan2::Tree3_DblClick);
+    connect(ui->Tree3, &ui::Grille::ligneCliquee, this, &Plan2::Tree3_Click);
+    connect(ui->Tree3, &ui::Grille::ligneDoubleCliquee, this, &Plan2::Tree3_DblClick);
     connect(ui->Tree3, &ui::Grille::touche, this, &Plan2::Tree3_KeyDown);
     Form_Load();
 }
@@ -117,9 +118,8 @@ void Plan2::RemplirTree3(int menu) {
 
 void Plan2::AjouterLigne(const QString& numeroCompte, const QString& libelle, Montant solde) {
     const QString numero = numeroCompte.trimmed();
-    const int ligne = ui->Tree3->AjouterLigne(
+    ui->Tree3->AjouterLigne(
         {numero, libelle.trimmed(), FormaterMontant(solde, session().FormatMontant)}, numero);
-    ui->Tree3->topLevelItem(ligne)->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void Plan2::MajLabel5() {

@@ -48,14 +48,15 @@ Prembil::Prembil(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
         g->FixerLargeurColonne(0, 80);
         g->FixerLargeurColonne(1, 250);
         g->FixerLargeurColonne(2, 125);
+        g->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
         g->FixerValidation([this, cote](int ligne, int, QString& texte) {
             return ValiderCellule(*cote, ligne, texte);
         });
         // La touche Entrée qui valide reste dans l'éditeur : la liste ne la voit jamais.
         connect(g, &ui::Grille::celluleValidee, this, [this] { EditionFaite = false; });
     }
-    connect(ui->Tree1, &QTreeWidget::itemClicked, this, &Prembil::Tree1_Click);
-    connect(ui->Tree2, &QTreeWidget::itemClicked, this, &Prembil::Tree2_Click);
+    connect(ui->Tree1, &ui::Grille::ligneCliquee, this, &Prembil::Tree1_Click);
+    connect(ui->Tree2, &ui::Grille::ligneCliquee, this, &Prembil::Tree2_Click);
     connect(ui->Tree1, &ui::Grille::touche, this, &Prembil::Tree1_KeyPress);
     connect(ui->Tree2, &ui::Grille::touche, this, &Prembil::Tree2_KeyPress);
     connect(ui->Command1, &QPushButton::clicked, this, &Prembil::Command1_Click);
@@ -91,7 +92,6 @@ void Prembil::Remplir(const Cote& cote, const char* erCpt, const QString& exclu)
         const Montant sde = c.solde;
         const int ligne = g->AjouterLigne({c.numero, c.libelle, Affiche(sde)}, c.numero);
         g->FixerDonneeCellule(ligne, 2, QVariant::fromValue(sde.dixMilliemes()));
-        g->topLevelItem(ligne)->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         *cote.valeur += sde;
     }
     g->Trier(0);

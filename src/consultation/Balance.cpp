@@ -34,11 +34,10 @@ int ColonneSolde(const QString& erCpt, Montant solde) {
     return actif == positif ? 5 : 6;
 }
 
-QTreeWidgetItem* Element(const QStringList& textes) {
-    auto* e = new QTreeWidgetItem(textes);
+// Les montants à droite.
+void AlignerMontants(ui::Grille* grille) {
     for (int c = 2; c < 7; ++c)
-        e->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-    return e;
+        grille->FixerAlignementColonne(c, Qt::AlignRight | Qt::AlignVCenter);
 }
 
 } // namespace
@@ -65,7 +64,7 @@ Balance::Balance(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     connect(ui->BRFourn, &QRadioButton::clicked, this, &Balance::BRFourn_Click);
     connect(ui->Command1, &QPushButton::clicked, this, &Balance::Command1_Click);
     connect(ui->Command3, &QPushButton::clicked, this, &Balance::Command3_Click);
-    connect(ui->Tree1, &QTreeWidget::itemDoubleClicked, this, &Balance::Tree1_DblClick);
+    connect(ui->Tree1, &ui::Grille::ligneDoubleCliquee, this, &Balance::Tree1_DblClick);
     connect(ui->Tree1->header(), &QHeaderView::sectionResized, this, &Balance::Tree1_ColumnResize);
     Form_Load();
 }
@@ -103,7 +102,10 @@ void Balance::Form_Load() {
     }
     const QString& image = session().FormatMontant;
     const auto f = [&](Montant m) { return FormaterMontant(m, image); };
-    QList<QTreeWidgetItem*> elements;
+    if (!fichier) {
+        AlignerMontants(ui->Tree1);
+        ui->Tree1->DebutRemplissage();
+    }
     for (const comptes::Compte& c : comptes::DeLaBalance(portee)) {
         const Montant sde = c.sde, cumD = c.cumD, cumC = c.cumC, solde = c.solde;
         if (sde == Montant() && cumD == Montant() && cumC == Montant()) continue;
@@ -132,19 +134,18 @@ void Balance::Form_Load() {
                                   QString(),
                                   QString()};
             textes[colonne] = f(solde);
-            elements.append(Element(textes));
+            ui->Tree1->AjouterLigne(textes);
         }
     }
     if (fichier) {
         fichier->Fermer();
     } else {
-        ui->Tree1->setUpdatesEnabled(false);
-        ui->Tree1->addTopLevelItems(elements);
-        ui->Tree1->setUpdatesEnabled(true);
+        ui->Tree1->FinRemplissage();
         ui->Tree2->Vider();
-        ui->Tree2->addTopLevelItem(
-            Element({QStringLiteral(" "), QStringLiteral(" "), QStringLiteral("Totaux :"),
-                     f(debits), f(credits), f(soldesDebit), f(soldesCredit)}));
+        AlignerMontants(ui->Tree2);
+        ui->Tree2->AjouterLigne({QStringLiteral(" "), QStringLiteral(" "),
+                                 QStringLiteral("Totaux :"), f(debits), f(credits), f(soldesDebit),
+                                 f(soldesCredit)});
         table::Compte c;
         if (!collectif.isEmpty() && LireCompte(CleCourante(), collectif, c)) {
             QStringList textes = {c.NumCpt.trimmed(),
@@ -155,7 +156,7 @@ void Balance::Form_Load() {
                                   QString(),
                                   QString()};
             textes[ColonneSolde(c.ErCpt, c.Solde)] = f(c.Solde);
-            ui->Tree2->addTopLevelItem(Element(textes));
+            ui->Tree2->AjouterLigne(textes);
         }
     }
     if (ui->BRCompl->isChecked()) {

@@ -60,16 +60,15 @@ Montant DeuxListes::Remplir(ui::Grille* grille, comptes::Rubrique rubrique) {
     const QString& image = session().FormatMontant;
     Montant total;
     grille->Vider();
-    QList<QTreeWidgetItem*> elements;
+    grille->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
+    grille->DebutRemplissage();
     for (const comptes::Compte& c : comptes::DeLaRubrique(rubrique)) {
         const QString affiche = FormaterMontant(c.solde, image);
         // Le bilan totalise ce qui est à l'écran, le compte de résultat les soldes exacts.
         total += genre.sommeAffichee ? MontantDepuisTexte(affiche) : c.solde;
-        auto* e = new QTreeWidgetItem(QStringList{c.numero, c.libelle, affiche});
-        e->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        elements.append(e);
+        grille->AjouterLigne({c.numero, c.libelle, affiche});
     }
-    grille->addTopLevelItems(elements);
+    grille->FinRemplissage();
     return total;
 }
 

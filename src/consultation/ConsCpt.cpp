@@ -55,7 +55,7 @@ ConsCpt::ConsCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
 
     connect(ui->Text1, &QLineEdit::textEdited, this, &ConsCpt::Text1_Change);
     connect(ui->Text1, &QLineEdit::returnPressed, this, &ConsCpt::Text1_KeyPress);
-    connect(ui->Tree1, &QTreeWidget::itemSelectionChanged, this, &ConsCpt::Tree1_SelectionChange);
+    connect(ui->Tree1, &ui::Grille::selectionChangee, this, &ConsCpt::Tree1_SelectionChange);
     connect(ui->Command1, &QPushButton::clicked, this, &ConsCpt::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &ConsCpt::Command2_Click);
     connect(ui->Command3, &QPushButton::clicked, this, &ConsCpt::Command3_Click);
@@ -72,13 +72,11 @@ void ConsCpt::Form_Load() {
     if (auto* aide = findChild<ui::BoiteAide*>(QStringLiteral("BoiteAide1")))
         aide->FixerMessageAide(texteAide);
     ui::RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2, ui->Tree3});
-    ui->Tree1->setUpdatesEnabled(false);
-    for (const comptes::Compte& c : comptes::ParCreation()) {
-        const int ligne =
-            ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
-        ui->Tree1->topLevelItem(ligne)->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-    }
-    ui->Tree1->setUpdatesEnabled(true);
+    ui->Tree1->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
+    ui->Tree1->DebutRemplissage();
+    for (const comptes::Compte& c : comptes::ParCreation())
+        ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
+    ui->Tree1->FinRemplissage();
     ui->Tree1->Trier(0);
 }
 
@@ -204,11 +202,10 @@ void ConsCpt::Command6_Click() {
                                   NombreSimple(mensuel), NombreSimple(cumule)},
                                  true);
         } else {
-            const int ligne = ui->Tree3->AjouterLigne(
-                {nom, Affiche(debits), Affiche(credits), Affiche(mensuel), Affiche(cumule)}, m);
             for (int col = 1; col < 5; ++col)
-                ui->Tree3->topLevelItem(ligne)->setTextAlignment(col,
-                                                                 Qt::AlignRight | Qt::AlignVCenter);
+                ui->Tree3->FixerAlignementColonne(col, Qt::AlignRight | Qt::AlignVCenter);
+            ui->Tree3->AjouterLigne(
+                {nom, Affiche(debits), Affiche(credits), Affiche(mensuel), Affiche(cumule)}, m);
         }
     }
     if (fichier) fichier->Fermer();

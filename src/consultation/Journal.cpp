@@ -148,10 +148,12 @@ void Journal::AffJournal(const QString& Code, const QString& Fichier, const QStr
 
     const QString& image = session().FormatMontant;
     const Qt::Alignment droite = Qt::AlignRight | Qt::AlignVCenter;
-    QList<QTreeWidgetItem*> elements;
     if (ecran) {
+        for (int c : {0, 5, 6})
+            ui->Tree1->FixerAlignementColonne(c, droite);
+        // Rien ne se peint avant que toutes les lignes soient là.
         ui->Tree1->setUpdatesEnabled(false);
-        elements.reserve(total + total / 2);
+        ui->Tree1->DebutRemplissage();
     }
     const QStringList vide(journal::Titres().size(), QString());
     Montant debits, credits;
@@ -167,19 +169,16 @@ void Journal::AffJournal(const QString& Code, const QString& Fichier, const QStr
             return;
         }
         // En ordre décroissant une écriture commence par sa ligne de fin.
-        if (decroissant && l.fin && !elements.isEmpty()) elements.append(new QTreeWidgetItem(vide));
+        if (decroissant && l.fin && ui->Tree1->NombreLignes() > 0) ui->Tree1->AjouterLigne(vide);
         (l.debit ? debits : credits) += l.montant.abs();
-        auto* e = new QTreeWidgetItem(journal::Textes(l, FormaterMontant(l.montant, image)));
-        for (int c : {0, 5, 6})
-            e->setTextAlignment(c, droite);
-        elements.append(e);
-        if (!decroissant && l.fin) elements.append(new QTreeWidgetItem(vide));
+        ui->Tree1->AjouterLigne(journal::Textes(l, FormaterMontant(l.montant, image)));
+        if (!decroissant && l.fin) ui->Tree1->AjouterLigne(vide);
     });
     if (ecran) {
-        ui->Tree1->addTopLevelItems(elements);
+        ui->Tree1->FinRemplissage();
+        ui->Tree1->setUpdatesEnabled(true);
         ui->Label1->setText(FormaterMontant(debits, image));
         ui->Label2->setText(FormaterMontant(credits, image));
-        ui->Tree1->setUpdatesEnabled(true);
     } else {
         fichier->Fermer();
     }

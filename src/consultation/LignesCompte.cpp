@@ -40,23 +40,19 @@ QStringList TitresLignesCompte() {
 void AfficherLignesCompte(ui::Grille* grille, const std::vector<LigneCompte>& lignes) {
     const QString& image = session().FormatMontant;
     const Qt::Alignment droite = Qt::AlignRight | Qt::AlignVCenter;
-    QList<QTreeWidgetItem*> elements;
-    elements.reserve(static_cast<qsizetype>(lignes.size()));
+    grille->Vider();
+    for (int c : {0, 3, 4, 5})
+        grille->FixerAlignementColonne(c, droite);
+    // D'un seul coup : une liste de vingt mille lignes reste instantanée.
+    grille->DebutRemplissage();
     for (const LigneCompte& l : lignes) {
         const QString montant = FormaterMontant(l.MntEcr, image);
-        auto* e = new QTreeWidgetItem(QStringList{
-            QString::number(l.NumEcr, 'g', 15), l.Date, l.LibEcr, l.Debit ? montant : QString(),
-            l.Debit ? QString() : montant, FormaterMontant(l.Solde, image)});
-        e->setData(0, Qt::UserRole, l.NumEcr);
-        for (int c : {0, 3, 4, 5})
-            e->setTextAlignment(c, droite);
-        elements.append(e);
+        grille->AjouterLigne({QString::number(l.NumEcr, 'g', 15), l.Date, l.LibEcr,
+                              l.Debit ? montant : QString(), l.Debit ? QString() : montant,
+                              FormaterMontant(l.Solde, image)},
+                             l.NumEcr);
     }
-    // D'un seul coup : une liste de vingt mille lignes reste instantanée.
-    grille->setUpdatesEnabled(false);
-    grille->Vider();
-    grille->addTopLevelItems(elements);
-    grille->setUpdatesEnabled(true);
+    grille->FinRemplissage();
 }
 
 void ExporterLignesCompte(FichierCsv& fichier, const std::vector<LigneCompte>& lignes) {

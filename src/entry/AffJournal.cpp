@@ -11,7 +11,6 @@
 #include <QList>
 #include <QProgressBar>
 #include <QShowEvent>
-#include <QTreeWidgetItem>
 
 namespace {
 
@@ -20,15 +19,9 @@ constexpr int ColonneJournal = 7;
 // Lignes ajoutées d'un coup entre deux rafraîchissements de la jauge.
 constexpr int TailleLot = 2000;
 
-QTreeWidgetItem* Element(const QStringList& textes, std::int32_t donnee) {
-    auto* e = new QTreeWidgetItem(textes);
-    e->setData(0, Qt::UserRole, donnee);
-    return e;
-}
-
-QTreeWidgetItem* ElementEcriture(const journal::Ligne& l) {
-    return Element(journal::Textes(l, FormaterMontant(l.montant, session().FormatMontant)),
-                   static_cast<std::int32_t>(l.numero));
+void AjouterEcriture(ui::Grille* grille, const journal::Ligne& l) {
+    grille->AjouterLigne(journal::Textes(l, FormaterMontant(l.montant, session().FormatMontant)),
+                         static_cast<std::int32_t>(l.numero));
 }
 
 } // namespace
@@ -57,21 +50,22 @@ void AffJournal(QWidget* ecran, ui::Grille* tree1, ui::Grille* tree2, QProgressB
     // La liste reste fermée aux clics tant qu'elle se remplit ; le reste de l'écran répond.
     tree1->setEnabled(false);
 
-    QList<QTreeWidgetItem*> lot;
     int lues = 0;
     const QStringList vide(journal::Titres().size(), QString());
+    tree1->DebutRemplissage();
     journal::LireLignes(code, true, [&](const journal::Ligne& l) {
         // Du plus récent au plus ancien : une écriture commence par sa ligne de fin.
-        if (l.fin && lues > 0) lot << Element(vide, LigneSeparatrice);
-        lot << ElementEcriture(l);
+        if (l.fin && lues > 0) tree1->AjouterLigne(vide, LigneSeparatrice);
+        AjouterEcriture(tree1, l);
         if (++lues % TailleLot == 0) {
-            tree1->addTopLevelItems(lot);
-            lot.clear();
+            // Les lignes lues se montrent par lots pendant que la jauge avance.
+            tree1->FinRemplissage();
             gauge1->setValue(lues);
             QApplication::processEvents();
+            tree1->DebutRemplissage();
         }
     });
-    tree1->addTopLevelItems(lot);
+    tree1->FinRemplissage();
     tree1->setEnabled(true);
     gauge1->setValue(lues);
     gauge1->setVisible(false);
@@ -102,10 +96,7 @@ bool TrouverGroupe(std::int32_t p, std::int32_t& debut, std::int32_t& fin) {
 
 void AffGroupe(ui::Grille* tree2, std::int32_t debut, std::int32_t fin) {
     tree2->Vider();
-    QList<QTreeWidgetItem*> lignes;
-    journal::LireLignesDe(debut, fin,
-                          [&](const journal::Ligne& l) { lignes << ElementEcriture(l); });
-    tree2->addTopLevelItems(lignes);
+    journal::LireLignesDe(debut, fin, [&](const journal::Ligne& l) { AjouterEcriture(tree2, l); });
 }
 
 namespace ecran {
@@ -136,9 +127,9 @@ bool EcranJournal::FinEcr(std::int32_t numero) {
     return ::FinEcr(numero);
 }
 
-bool EcranJournal::ChoisirGroupe(QTreeWidgetItem* element) {
-    if (!element ||
-        !TrouverGroupe(element->data(0, Qt::UserRole).toInt(), NumDebutGroupe, NumFinGroupe))
+bool EcranJournal::ChoisirGroupe(int ligne) {
+    if (ligne < 0 ||
+        !TrouverGroupe(tree1->DonneeLigne(ligne).toInt(), NumDebutGroupe, NumFinGroupe))
         return false;
     AffGroupe(tree2, NumDebutGroupe, NumFinGroupe);
     return true;

@@ -10,7 +10,6 @@
 #include <cstdint>
 
 class QProgressBar;
-class QTreeWidgetItem;
 class QWidget;
 
 namespace ui {
@@ -59,7 +58,7 @@ protected:
     // Les deux listes et la jauge de l'écran, une fois son formulaire monté.
     void Brancher(ui::Grille* journal, ui::Grille* groupe, QProgressBar* jauge);
     // Le groupe de la ligne montré dans la seconde liste ; faux sur le séparateur.
-    bool ChoisirGroupe(QTreeWidgetItem* element);
+    bool ChoisirGroupe(int ligne);
     void showEvent(QShowEvent* evenement) override;
 
 private:

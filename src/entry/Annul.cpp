@@ -46,7 +46,7 @@ table::Saisie LigneInverse(const table::Ecriture& e, const table::Compte& c, std
 Annul::Annul(QWidget* parent) : EcranJournal(parent), ui(std::make_unique<Ui::Annul>()) {
     ui->setupUi(this);
     Brancher(ui->Tree1, ui->Tree2, ui->Gauge1);
-    connect(ui->Tree1, &QTreeWidget::itemClicked, this, &Annul::Tree1_Click);
+    connect(ui->Tree1, &ui::Grille::ligneCliquee, this, &Annul::Tree1_Click);
     connect(ui->Command1, &QPushButton::clicked, this, &Annul::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Annul::Command2_Click);
     connect(ui->Command3, &QPushButton::clicked, this, &Annul::Command3_Click);
@@ -63,10 +63,10 @@ void Annul::Form_Activate() {
     AffJournal(FiltreJournal);
 }
 
-void Annul::Tree1_Click(QTreeWidgetItem* element) {
+void Annul::Tree1_Click(int ligne) {
     ui->Command2->hide();
     ui->Label2->hide();
-    ChoisirGroupe(element);
+    ChoisirGroupe(ligne);
 }
 
 void Annul::Command3_Click() {

@@ -8,8 +8,6 @@
 #include <cstdint>
 #include <memory>
 
-class QTreeWidgetItem;
-
 namespace Ui {
 class Annul;
 }
@@ -26,7 +24,7 @@ public:
 
 public slots:
     void Form_Activate() override;
-    void Tree1_Click(QTreeWidgetItem* element);
+    void Tree1_Click(int ligne);
     void Command1_Click();
     void Command2_Click();
     void Command3_Click();

@@ -48,8 +48,8 @@ ChoixCpt::ChoixCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
     connect(ui->Command6, &QPushButton::clicked, this, &ChoixCpt::Command6_Click);
     connect(ui->Command7, &QPushButton::clicked, this, &ChoixCpt::Command7_Click);
     connect(ui->Command8, &QPushButton::clicked, this, &ChoixCpt::Command8_Click);
-    connect(ui->Tree1, &QTreeWidget::itemDoubleClicked, this, &ChoixCpt::Command4_Click);
-    connect(ui->Tree2, &QTreeWidget::itemDoubleClicked, this, &ChoixCpt::Command6_Click);
+    connect(ui->Tree1, &ui::Grille::ligneDoubleCliquee, this, &ChoixCpt::Command4_Click);
+    connect(ui->Tree2, &ui::Grille::ligneDoubleCliquee, this, &ChoixCpt::Command6_Click);
     connect(ui->Tree1, &ui::Grille::touche, this, &ChoixCpt::Tree1_KeyDown);
     Form_Load();
 }

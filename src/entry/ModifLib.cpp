@@ -19,7 +19,7 @@ constexpr int ColonneLibelle = 3;
 ModifLib::ModifLib(QWidget* parent) : EcranJournal(parent), ui(std::make_unique<Ui::ModifLib>()) {
     ui->setupUi(this);
     Brancher(ui->Tree1, ui->Tree2, ui->Gauge1);
-    connect(ui->Tree1, &QTreeWidget::itemClicked, this, &ModifLib::Tree1_Click);
+    connect(ui->Tree1, &ui::Grille::ligneCliquee, this, &ModifLib::Tree1_Click);
     connect(ui->Text1, &QLineEdit::textEdited, this, &ModifLib::Text1_Change);
     ui->Text1->installEventFilter(this);
     connect(ui->Command1, &QPushButton::clicked, this, &ModifLib::Command1_Click);
@@ -49,8 +49,8 @@ void ModifLib::Form_Activate() {
     AffJournal(FiltreJournal);
 }
 
-void ModifLib::Tree1_Click(QTreeWidgetItem* element) {
-    if (!ChoisirGroupe(element)) return;
+void ModifLib::Tree1_Click(int ligne) {
+    if (!ChoisirGroupe(ligne)) return;
     texteChoisi = ui->Tree2->NombreLignes() > 0 ? ui->Tree2->Texte(0, ColonneLibelle) : QString();
     ui->Text1->setText(texteChoisi);
     ui->Text1->setFocus();

@@ -8,8 +8,6 @@
 #include <cstdint>
 #include <memory>
 
-class QTreeWidgetItem;
-
 namespace Ui {
 class ModifLib;
 }
@@ -24,7 +22,7 @@ public:
 
 public slots:
     void Form_Activate() override;
-    void Tree1_Click(QTreeWidgetItem* element);
+    void Tree1_Click(int ligne);
     void Text1_Change();
     void Text1_KeyPress();
     void Command1_Click();

@@ -94,9 +94,9 @@ SaisDC2::SaisDC2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     connect(ui->BSuppr, &QPushButton::clicked, this, &SaisDC2::BSuppr_Click);
     connect(ui->Check1, &QCheckBox::clicked, this, &SaisDC2::Check1_Click);
     connect(ui->Text4, &QLineEdit::textEdited, this, &SaisDC2::Text4_Change);
-    connect(ui->Tree1, &QTreeWidget::itemDoubleClicked, this, &SaisDC2::BAjout_Click);
-    connect(ui->Tree2, &QTreeWidget::itemClicked, this, &SaisDC2::Tree2_Click);
-    connect(ui->Tree2, &QTreeWidget::itemDoubleClicked, this, &SaisDC2::BSuppr_Click);
+    connect(ui->Tree1, &ui::Grille::ligneDoubleCliquee, this, &SaisDC2::BAjout_Click);
+    connect(ui->Tree2, &ui::Grille::ligneCliquee, this, &SaisDC2::Tree2_Click);
+    connect(ui->Tree2, &ui::Grille::ligneDoubleCliquee, this, &SaisDC2::BSuppr_Click);
     connect(ui->Tree2, &ui::Grille::touche, this, &SaisDC2::Tree2_Touche);
     connect(ui->Command1, &QPushButton::clicked, this, &SaisDC2::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &SaisDC2::Command2_Click);

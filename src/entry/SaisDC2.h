@@ -11,8 +11,6 @@
 #include <cstdint>
 #include <memory>
 
-class QTreeWidgetItem;
-
 namespace Ui {
 class SaisDC2;
 }
@@ -39,7 +37,7 @@ public slots:
     void BSuppr_Click();
     void Check1_Click();
     void Text4_Change();
-    void Tree2_Click(QTreeWidgetItem* element, int colonne);
+    void Tree2_Click(int ligne, int colonne);
     void Tree2_Touche(int cle);
     void Command1_Click();
     void Command2_Click();

@@ -83,10 +83,10 @@ ui::Grille::Validation SaisDC2::ValiderMontant(int ligne, int colonne, QString& 
     return ui::Grille::Validation::Accepter;
 }
 
-void SaisDC2::Tree2_Click(QTreeWidgetItem* element, int colonne) {
-    if (!element || (colonne != ColonneDebit && colonne != ColonneCredit)) return;
+void SaisDC2::Tree2_Click(int ligne, int colonne) {
+    if (ligne < 0 || (colonne != ColonneDebit && colonne != ColonneCredit)) return;
     ui->Command1->setEnabled(false);
-    ui->Tree2->EditerCellule(ui->Tree2->Ligne(element), colonne);
+    ui->Tree2->EditerCellule(ligne, colonne);
 }
 
 void SaisDC2::Tree2_Touche(int cle) {

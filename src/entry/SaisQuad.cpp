@@ -64,10 +64,10 @@ void SaisQuad::BrancherListe(int rang) {
         return Valider(g, ligne, colonne, texte) ? ui::Grille::Validation::Accepter
                                                  : ui::Grille::Validation::GarderOuvert;
     });
-    connect(g, &QTreeWidget::itemClicked, this, [this, g] { OuvrirMontant(g); });
+    connect(g, &ui::Grille::ligneCliquee, this, [this, g] { OuvrirMontant(g); });
     connect(g, &ui::Grille::touche, this, [this, rang](int cle) { ToucheListe(rang, cle); });
-    connect(g, &QTreeWidget::currentItemChanged, this, [this, g](QTreeWidgetItem* e) {
-        if (e) AffCompteSelect(e->text(0).left(8));
+    connect(g, &ui::Grille::ligneCouranteChangee, this, [this, g](int ligne) {
+        if (ligne >= 0) AffCompteSelect(g->Texte(ligne, 0).left(8));
     });
 }
 

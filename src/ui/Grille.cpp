@@ -8,11 +8,11 @@
 namespace ui {
 
 namespace {
-constexpr int RoleDonneeCellule = Qt::UserRole + 1;
 const QString vide = QStringLiteral("vide");
 } // namespace
 
-Grille::Grille(QWidget* parent) : QTreeWidget(parent) {
+Grille::Grille(QWidget* parent) : QTreeView(parent), modele(new ModeleGrille(this)) {
+    setModel(modele);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setItemsExpandable(false);
@@ -27,12 +27,36 @@ Grille::Grille(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionsClickable(true);
     header()->setSortIndicatorShown(false);
     connect(header(), &QHeaderView::sectionClicked, this, &Grille::TitreClique);
+    connect(this, &QAbstractItemView::clicked, this,
+            [this](const QModelIndex& i) { emit ligneCliquee(i.row(), i.column()); });
+    connect(this, &QAbstractItemView::doubleClicked, this,
+            [this](const QModelIndex& i) { emit ligneDoubleCliquee(i.row(), i.column()); });
+    connect(
+        selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+        [this](const QModelIndex& i) { emit ligneCouranteChangee(i.isValid() ? i.row() : -1); });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &Grille::selectionChangee);
+}
+
+QModelIndex Grille::Index(int ligne, int colonne) const {
+    return modele->index(ligne, colonne);
+}
+
+QRect Grille::RectangleCellule(int ligne, int colonne) const {
+    return visualRect(Index(ligne, colonne));
 }
 
 void Grille::FixerColonnes(const QStringList& titres) {
-    setColumnCount(titres.size());
-    setHeaderLabels(titres);
+    modele->FixerTitres(titres);
     colonnesTriables = QList<bool>(titres.size(), true);
+}
+
+void Grille::FixerAlignementColonne(int colonne, Qt::Alignment alignement) {
+    modele->FixerAlignement(colonne, alignement);
+}
+
+void Grille::FixerTriNumerique(int colonne, bool numerique) {
+    modele->FixerCleTri(colonne, numerique ? ModeleGrille::Cle::Nombre : ModeleGrille::Cle::Texte);
 }
 
 void Grille::FixerColonneTriable(int colonne, bool triable) {
@@ -44,14 +68,14 @@ void Grille::FixerColonneTriable(int colonne, bool triable) {
 
 void Grille::SauverLargeurs(QSettings& reglages, const QString& section) const {
     reglages.beginGroup(section);
-    for (int c = 0; c < columnCount(); ++c)
+    for (int c = 0; c < NombreColonnes(); ++c)
         reglages.setValue(QStringLiteral("col%1").arg(c), QString::number(columnWidth(c)));
     reglages.endGroup();
 }
 
 void Grille::RestaurerLargeurs(QSettings& reglages, const QString& section) {
     reglages.beginGroup(section);
-    for (int c = 0; c < columnCount(); ++c) {
+    for (int c = 0; c < NombreColonnes(); ++c) {
         const QString valeur = reglages.value(QStringLiteral("col%1").arg(c), vide).toString();
         bool nombre = false;
         const int largeur = valeur.toInt(&nombre);
@@ -62,114 +86,104 @@ void Grille::RestaurerLargeurs(QSettings& reglages, const QString& section) {
 }
 
 int Grille::AjouterLigne(const QStringList& textes, const QVariant& donnee) {
-    InsererLigne(topLevelItemCount(), textes, donnee);
-    return topLevelItemCount() - 1;
+    return modele->Ajouter(textes, donnee);
 }
 
 void Grille::InsererLigne(int ligne, const QStringList& textes, const QVariant& donnee) {
-    auto* element = new QTreeWidgetItem(textes);
-    element->setFlags(element->flags() | Qt::ItemIsEditable);
-    if (donnee.isValid()) element->setData(0, Qt::UserRole, donnee);
-    insertTopLevelItem(qBound(0, ligne, topLevelItemCount()), element);
+    modele->Inserer(ligne, textes, donnee);
 }
 
 void Grille::SupprimerLigne(int ligne) {
-    delete takeTopLevelItem(ligne);
+    modele->Supprimer(ligne);
 }
 
 void Grille::Vider() {
     if (EditionOuverte()) AnnulerEdition();
-    clear();
+    modele->Vider();
 }
 
 QString Grille::Texte(int ligne, int colonne) const {
-    const QTreeWidgetItem* e = Element(ligne);
-    return e ? e->text(colonne) : QString();
+    return modele->Texte(ligne, colonne);
 }
 
 void Grille::FixerTexte(int ligne, int colonne, const QString& texte) {
-    if (QTreeWidgetItem* e = Element(ligne)) e->setText(colonne, texte);
+    modele->FixerTexte(ligne, colonne, texte);
 }
 
 QVariant Grille::DonneeLigne(int ligne) const {
-    const QTreeWidgetItem* e = Element(ligne);
-    return e ? e->data(0, Qt::UserRole) : QVariant();
+    return modele->DonneeLigne(ligne);
 }
 
 void Grille::FixerDonneeLigne(int ligne, const QVariant& donnee) {
-    if (QTreeWidgetItem* e = Element(ligne)) e->setData(0, Qt::UserRole, donnee);
+    modele->FixerDonneeLigne(ligne, donnee);
 }
 
 QVariant Grille::DonneeCellule(int ligne, int colonne) const {
-    const QTreeWidgetItem* e = Element(ligne);
-    return e ? e->data(colonne, RoleDonneeCellule) : QVariant();
+    return modele->DonneeCellule(ligne, colonne);
 }
 
 void Grille::FixerDonneeCellule(int ligne, int colonne, const QVariant& donnee) {
-    if (QTreeWidgetItem* e = Element(ligne)) e->setData(colonne, RoleDonneeCellule, donnee);
+    modele->FixerDonneeCellule(ligne, colonne, donnee);
 }
 
 int Grille::ChercherDonnee(const QVariant& donnee) const {
-    for (int i = 0; i < topLevelItemCount(); ++i)
-        if (topLevelItem(i)->data(0, Qt::UserRole) == donnee) return i;
+    for (int i = 0; i < NombreLignes(); ++i)
+        if (modele->DonneeLigne(i) == donnee) return i;
     return -1;
 }
 
 int Grille::ChercherTexte(int colonne, const QString& texte) const {
-    for (int i = 0; i < topLevelItemCount(); ++i)
-        if (topLevelItem(i)->text(colonne) == texte) return i;
+    for (int i = 0; i < NombreLignes(); ++i)
+        if (modele->Texte(i, colonne) == texte) return i;
     return -1;
 }
 
 void Grille::FixerCouleurLigne(int ligne, const QColor& texte, const QColor& fond) {
-    for (int c = 0; c < columnCount(); ++c)
+    for (int c = 0; c < NombreColonnes(); ++c)
         FixerCouleurCellule(ligne, c, texte, fond);
 }
 
 void Grille::FixerCouleurCellule(int ligne, int colonne, const QColor& texte, const QColor& fond) {
-    QTreeWidgetItem* e = Element(ligne);
-    if (!e) return;
-    e->setData(colonne, Qt::ForegroundRole, texte.isValid() ? QVariant(texte) : QVariant());
-    e->setData(colonne, Qt::BackgroundRole, fond.isValid() ? QVariant(fond) : QVariant());
+    modele->FixerCouleurs(ligne, colonne, texte, fond);
 }
 
 QColor Grille::CouleurTexte(int ligne, int colonne) const {
-    const QTreeWidgetItem* e = Element(ligne);
-    return e ? e->data(colonne, Qt::ForegroundRole).value<QColor>() : QColor();
+    return modele->CouleurTexte(ligne, colonne);
 }
 
 QColor Grille::CouleurFond(int ligne, int colonne) const {
-    const QTreeWidgetItem* e = Element(ligne);
-    return e ? e->data(colonne, Qt::BackgroundRole).value<QColor>() : QColor();
+    return modele->CouleurFond(ligne, colonne);
 }
 
 int Grille::LigneCourante() const {
-    QTreeWidgetItem* e = currentItem();
-    return e ? indexOfTopLevelItem(e) : -1;
+    const QModelIndex i = currentIndex();
+    return i.isValid() ? i.row() : -1;
 }
 
 void Grille::FixerLigneCourante(int ligne) {
-    QTreeWidgetItem* e = Element(ligne);
-    if (e)
-        setCurrentItem(e);
-    else
-        setCurrentItem(nullptr);
+    modele->FinRemplissage();
+    setCurrentIndex(Index(ligne));
 }
 
 QList<int> Grille::LignesSelectionnees() const {
     QList<int> lignes;
-    for (int i = 0; i < topLevelItemCount(); ++i)
-        if (topLevelItem(i)->isSelected()) lignes.append(i);
+    for (const QModelIndex& i : selectionModel()->selectedRows())
+        lignes.append(i.row());
+    std::sort(lignes.begin(), lignes.end());
     return lignes;
 }
 
 bool Grille::EstSelectionnee(int ligne) const {
-    const QTreeWidgetItem* e = Element(ligne);
-    return e && e->isSelected();
+    return ligne >= 0 && ligne < modele->rowCount() &&
+           selectionModel()->isRowSelected(ligne, QModelIndex());
 }
 
 void Grille::SelectionnerLigne(int ligne, bool choisie) {
-    if (QTreeWidgetItem* e = Element(ligne)) e->setSelected(choisie);
+    const QModelIndex i = Index(ligne);
+    if (!i.isValid()) return;
+    selectionModel()->select(
+        i, (choisie ? QItemSelectionModel::Select : QItemSelectionModel::Deselect) |
+               QItemSelectionModel::Rows);
 }
 
 void Grille::FixerMultiSelection(bool multiple) {
@@ -178,15 +192,17 @@ void Grille::FixerMultiSelection(bool multiple) {
 }
 
 void Grille::RendreVisible(int ligne) {
-    if (QTreeWidgetItem* e = Element(ligne)) scrollToItem(e);
+    const QModelIndex i = Index(ligne);
+    if (i.isValid()) scrollTo(i);
 }
 
 void Grille::Trier(int colonne, Qt::SortOrder ordre) {
-    if (colonne < 0 || colonne >= columnCount()) return;
+    if (colonne < 0 || colonne >= NombreColonnes()) return;
     colonneTri = colonne;
     ordreTri = ordre;
     header()->setSortIndicatorShown(true);
-    sortItems(colonne, ordre);
+    header()->setSortIndicator(colonne, ordre);
+    modele->Trier(colonne, ordre);
 }
 
 void Grille::TitreClique(int colonne) {
@@ -199,21 +215,21 @@ void Grille::TitreClique(int colonne) {
 }
 
 bool Grille::EditerCellule(int ligne, int colonne) {
-    QTreeWidgetItem* e = Element(ligne);
-    if (!e || colonne < 0 || colonne >= columnCount()) return false;
-    const QModelIndex index = indexFromItem(e, colonne);
+    modele->FinRemplissage();
+    const QModelIndex index = Index(ligne, colonne);
+    if (!index.isValid()) return false;
     if (enValidation || EditionOuverte()) {
         // L'éditeur en cours se ferme d'abord ; la cellule s'ouvrira ensuite.
         editionDifferee = index;
         return true;
     }
-    setCurrentItem(e, colonne);
-    scrollToItem(e);
+    setCurrentIndex(index);
+    scrollTo(index);
     return edit(index, QAbstractItemView::AllEditTriggers, nullptr);
 }
 
 bool Grille::edit(const QModelIndex& index, EditTrigger declencheur, QEvent* evenement) {
-    const bool ouvert = QTreeWidget::edit(index, declencheur, evenement);
+    const bool ouvert = QTreeView::edit(index, declencheur, evenement);
     if (ouvert && state() == QAbstractItemView::EditingState) {
         indexEdite = index;
         editeurOuvert = indexWidget(index);
@@ -232,7 +248,7 @@ QWidget* Grille::Editeur() const {
 void Grille::commitData(QWidget* editeur) {
     auto* ligneTexte = qobject_cast<QLineEdit*>(editeur);
     if (enValidation || editeur != editeurOuvert || !indexEdite.isValid() || !ligneTexte) {
-        if (!enValidation) QTreeWidget::commitData(editeur);
+        if (!enValidation) QTreeView::commitData(editeur);
         return;
     }
     const int ligne = indexEdite.row();
@@ -269,7 +285,7 @@ void Grille::closeEditor(QWidget* editeur, QAbstractItemDelegate::EndEditHint in
         editeurOuvert = nullptr;
         indexEdite = QPersistentModelIndex();
     }
-    QTreeWidget::closeEditor(editeur, indice);
+    QTreeView::closeEditor(editeur, indice);
     if (validee) {
         validee = false;
         emit celluleValidee(valideeLigne, valideeColonne, valideeTexte);
@@ -304,7 +320,7 @@ void Grille::keyPressEvent(QKeyEvent* evenement) {
         evenement->accept();
         return;
     }
-    QTreeWidget::keyPressEvent(evenement);
+    QTreeView::keyPressEvent(evenement);
 }
 
 } // namespace ui

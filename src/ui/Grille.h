@@ -2,10 +2,15 @@
 // La grille des écrans de listes : colonnes à titres, lignes avec donnée de ligne et
 // données de cellule, tri par un clic sur un titre, couleurs, et saisie dans une cellule
 // par l'éditeur standard de la vue, avec une validation qui peut refuser ou corriger.
+// Une vue sur un modèle qui range les lignes à plat : des dizaines de milliers de lignes
+// se remplissent et se peignent sans un objet par ligne.
+
+#include "ui/ModeleGrille.h"
 
 #include <QColor>
+#include <QPersistentModelIndex>
 #include <QStringList>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QVariant>
 #include <functional>
 
@@ -13,7 +18,7 @@ class QSettings;
 
 namespace ui {
 
-class Grille : public QTreeWidget {
+class Grille : public QTreeView {
     Q_OBJECT
 public:
     // Réponse de la validation d'une cellule : écrire le texte (éventuellement corrigé)
@@ -25,7 +30,12 @@ public:
 
     // Colonnes
     void FixerColonnes(const QStringList& titres);
-    int NombreColonnes() const { return columnCount(); }
+    int NombreColonnes() const { return modele->NombreColonnes(); }
+    QString Titre(int colonne) const {
+        return modele->headerData(colonne, Qt::Horizontal, Qt::DisplayRole).toString();
+    }
+    // Rectangle de la cellule dans la zone visible, pour un clic.
+    QRect RectangleCellule(int ligne, int colonne) const;
     int LargeurColonne(int colonne) const { return columnWidth(colonne); }
     void FixerLargeurColonne(int colonne, int largeur) { setColumnWidth(colonne, largeur); }
     // Un clic sur le titre d'une colonne non triable ne change pas l'ordre.
@@ -35,12 +45,22 @@ public:
     void SauverLargeurs(QSettings& reglages, const QString& section) const;
     void RestaurerLargeurs(QSettings& reglages, const QString& section);
 
+    // Alignement des textes d'une colonne (les montants à droite).
+    void FixerAlignementColonne(int colonne, Qt::Alignment alignement);
+    // Une colonne triée sur sa donnée de cellule comparée comme un nombre plutôt que sur
+    // son texte (montants, dates AAAAMMJJ).
+    void FixerTriNumerique(int colonne, bool numerique);
+
     // Lignes
+    // Un remplissage de milliers de lignes se fait entre ces deux appels : la vue les
+    // apprend d'un coup à la fin. Les numéros de ligne rendus restent valables.
+    void DebutRemplissage() { modele->DebutRemplissage(); }
+    void FinRemplissage() { modele->FinRemplissage(); }
     int AjouterLigne(const QStringList& textes, const QVariant& donnee = QVariant());
     void InsererLigne(int ligne, const QStringList& textes, const QVariant& donnee = QVariant());
     void SupprimerLigne(int ligne);
     void Vider();
-    int NombreLignes() const { return topLevelItemCount(); }
+    int NombreLignes() const { return modele->NombreLignes(); }
 
     QString Texte(int ligne, int colonne) const;
     void FixerTexte(int ligne, int colonne, const QString& texte);
@@ -87,9 +107,14 @@ public:
     // Ferme l'éditeur sans rien écrire (touche Echap).
     void AnnulerEdition();
 
-    int Ligne(QTreeWidgetItem* element) const { return indexOfTopLevelItem(element); }
+    ModeleGrille* Modele() const { return modele; }
 
 signals:
+    // Clic et double clic sur une cellule, changement de la ligne courante (-1 : aucune).
+    void ligneCliquee(int ligne, int colonne);
+    void ligneDoubleCliquee(int ligne, int colonne);
+    void ligneCouranteChangee(int ligne);
+    void selectionChangee();
     // Après l'écriture validée d'une cellule.
     void celluleValidee(int ligne, int colonne, const QString& texte);
     // Touche reçue par la grille hors édition (Entrée, Suppr, Echap...).
@@ -102,9 +127,10 @@ protected:
     void keyPressEvent(QKeyEvent* evenement) override;
 
 private:
-    QTreeWidgetItem* Element(int ligne) const { return topLevelItem(ligne); }
+    QModelIndex Index(int ligne, int colonne = 0) const;
     void TitreClique(int colonne);
 
+    ModeleGrille* modele;
     Validateur validation;
     QPersistentModelIndex indexEdite;
     QWidget* editeurOuvert = nullptr;

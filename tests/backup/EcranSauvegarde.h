@@ -54,14 +54,13 @@ inline support::Action ChoisirLignes(const QList<int>& lignes) {
     return [lignes](QWidget* ecran) {
         ui::Grille* g = Liste(ecran);
         for (int i = 0; i < lignes.size(); ++i) {
-            QTreeWidgetItem* e = g->topLevelItem(lignes[i]);
-            if (!e) {
+            if (lignes[i] < 0 || lignes[i] >= g->NombreLignes()) {
                 support::SignalerEchec(QStringLiteral("pas de ligne %1").arg(lignes[i]));
                 return;
             }
             QTest::mouseClick(g->viewport(), Qt::LeftButton,
                               i == 0 ? Qt::NoModifier : Qt::ControlModifier,
-                              g->visualItemRect(e).center());
+                              g->RectangleCellule(lignes[i], 0).center());
         }
     };
 }

@@ -57,11 +57,11 @@ private slots:
         QCOMPARE(TexteDe(&ecran, "AideSuppression"),
                  QStringLiteral("Pour supprimer : sélectionnez puis appuyer sur la touche Suppr "
                                 "du clavier."));
-        QTreeWidgetItem* titres = Liste(&ecran)->headerItem();
-        QCOMPARE(titres->text(0), QStringLiteral("\nDate"));
-        QCOMPARE(titres->text(1), QStringLiteral("\nNombre écritures"));
-        QCOMPARE(titres->text(2), QStringLiteral("\nFichier"));
-        QCOMPARE(titres->text(3), QStringLiteral("\nAccessible"));
+        const ui::Grille* titres = Liste(&ecran);
+        QCOMPARE(titres->Titre(0), QStringLiteral("\nDate"));
+        QCOMPARE(titres->Titre(1), QStringLiteral("\nNombre écritures"));
+        QCOMPARE(titres->Titre(2), QStringLiteral("\nFichier"));
+        QCOMPARE(titres->Titre(3), QStringLiteral("\nAccessible"));
         QCOMPARE(Liste(&ecran)->selectionMode(), QAbstractItemView::ExtendedSelection);
     }
 

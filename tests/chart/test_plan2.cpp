@@ -96,7 +96,7 @@ private slots:
         ui::Grille* t = Tree3(e.get());
         QStringList titres;
         for (int c = 0; c < t->NombreColonnes(); ++c)
-            titres << t->headerItem()->text(c);
+            titres << t->Titre(c);
         QCOMPARE(titres, QStringList({"Numéro", "Libellé", "Solde"}));
         QCOMPARE(W<QGroupBox>(e.get(), "Frame2")->title(),
                  QStringLiteral("Sélection de comptes dans un plan standard"));

@@ -81,7 +81,7 @@ private slots:
         for (ui::Grille* g : {Actif(), Passif()}) {
             QStringList titres;
             for (int c = 0; c < g->NombreColonnes(); ++c)
-                titres << g->headerItem()->text(c);
+                titres << g->Titre(c);
             QCOMPARE(titres, QStringList({"Numéro", "Libellé", "Solde Début"}));
         }
         // Les quatre comptes fixes existent désormais ; 410 et 400 ne se montrent pas.

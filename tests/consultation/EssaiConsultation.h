@@ -108,7 +108,7 @@ inline QStringList Ligne(ui::Grille* g, int i) {
 inline QStringList Titres(ui::Grille* g) {
     QStringList l;
     for (int c = 0; c < g->NombreColonnes(); ++c)
-        l << g->headerItem()->text(c);
+        l << g->Titre(c);
     return l;
 }
 inline QList<QStringList> Lignes(ui::Grille* g) {

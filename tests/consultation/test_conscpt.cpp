@@ -80,7 +80,7 @@ class TestConsCpt : public QObject {
     static QStringList Titres(ui::Grille* g) {
         QStringList l;
         for (int c = 0; c < g->NombreColonnes(); ++c)
-            l << g->headerItem()->text(c);
+            l << g->Titre(c);
         return l;
     }
 

@@ -56,7 +56,7 @@ inline int LigneDuNumero(ui::Grille* g, int numero) {
 inline void CliquerNumero(ui::Grille* g, int numero) {
     const int ligne = LigneDuNumero(g, numero);
     QVERIFY2(ligne >= 0, qPrintable(QStringLiteral("ligne %1 absente").arg(numero)));
-    g->scrollToItem(g->topLevelItem(ligne));
+    g->RendreVisible(ligne);
     QVERIFY(support::CliquerCellule(g, ligne, 0));
 }
 

@@ -66,7 +66,7 @@ private slots:
                  QStringLiteral("Annulation d'une écriture par contre-passation automatique"));
         QCOMPARE(Numeros(t1), (QList<int>{11, 10, 9, -1, 8, 7, 6, 5, 4, -1, 3, 2, 1}));
         QCOMPARE(t1->NombreColonnes(), 8);
-        QCOMPARE(t1->headerItem()->text(5), QStringLiteral("Débit"));
+        QCOMPARE(t1->Titre(5), QStringLiteral("Débit"));
         QVERIFY(t1->isColumnHidden(7));
         const int l = LigneDuNumero(t1, 8);
         QCOMPARE(t1->Texte(l, 1), QStringLiteral("15/03/2024"));

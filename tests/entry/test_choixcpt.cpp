@@ -193,7 +193,7 @@ private slots:
         ecran::ChoixCpt e;
         e.show();
         Grille(&e, "Tree1")->clearSelection();
-        Grille(&e, "Tree1")->setCurrentItem(nullptr);
+        Grille(&e, "Tree1")->FixerLigneCourante(-1);
         ui::RepondreBoite(ui::Reponse::OK);
         QVERIFY(support::CliquerBouton(&e, "Command8"));
         QCOMPARE(TextesBoites(), QStringList{QStringLiteral("Aucun compte n'est sélectionné !")});

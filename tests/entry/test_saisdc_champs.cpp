@@ -140,7 +140,7 @@ private slots:
         Ouvrir("D");
         dc.Libelle(QStringLiteral("Essai"));
         dc.t1->clearSelection();
-        dc.t1->setCurrentItem(nullptr);
+        dc.t1->FixerLigneCourante(-1);
         ui::RepondreBoite(ui::Reponse::OK);
         QTest::mouseClick(dc.Bouton("Command6"), Qt::LeftButton);
         QCOMPARE(DerniereBoite(), QStringLiteral("Aucun compte n'est sélectionné !"));

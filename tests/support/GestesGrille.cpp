@@ -23,15 +23,13 @@ ui::Grille* TrouverGrille(QWidget* racine, const QString& nom) {
 } // namespace
 
 bool CliquerCellule(ui::Grille* grille, int ligne, int colonne, bool doubleClic) {
-    QTreeWidgetItem* element = grille ? grille->topLevelItem(ligne) : nullptr;
-    if (!element) {
+    if (!grille || ligne < 0 || ligne >= grille->NombreLignes()) {
         SignalerEchec(QStringLiteral("Grille : pas de ligne %1").arg(ligne));
         return false;
     }
-    grille->scrollToItem(element);
-    const QPoint point = grille->visualItemRect(element).topLeft() +
-                         QPoint(grille->columnViewportPosition(colonne) + 4,
-                                grille->visualItemRect(element).height() / 2);
+    grille->RendreVisible(ligne);
+    const QRect cellule = grille->RectangleCellule(ligne, colonne);
+    const QPoint point = cellule.topLeft() + QPoint(4, cellule.height() / 2);
     QTest::mouseClick(grille->viewport(), Qt::LeftButton, Qt::NoModifier, point);
     if (doubleClic) {
         QTest::mouseDClick(grille->viewport(), Qt::LeftButton, Qt::NoModifier, point);

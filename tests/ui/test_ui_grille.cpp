@@ -60,7 +60,7 @@ private slots:
         Grille g;
         g.FixerColonnes({"Numéro", "Libellé", "Solde"});
         QCOMPARE(g.NombreColonnes(), 3);
-        QCOMPARE(g.headerItem()->text(2), QString("Solde"));
+        QCOMPARE(g.Titre(2), QString("Solde"));
         QCOMPARE(g.AjouterLigne({"512", "Banque", "10,00"}, 512.0), 0);
         QCOMPARE(g.AjouterLigne({"", "", ""}, -1.0), 1);
         g.InsererLigne(0, {"101", "Capital", "0,00"}, QVariant(101.0));
@@ -284,8 +284,8 @@ private slots:
     void clicSurUneLigneOuvreLaCelluleQueLEcranChoisit() {
         Essai e;
         // Comme les écrans de saisie : un clic ouvre la cellule "Montant" de la ligne.
-        connect(&e.g, &QTreeWidget::itemClicked, &e.g,
-                [&](QTreeWidgetItem* element, int) { e.g.EditerCellule(e.g.Ligne(element), 2); });
+        connect(&e.g, &Grille::ligneCliquee, &e.g,
+                [&](int ligne, int) { e.g.EditerCellule(ligne, 2); });
         QVERIFY(support::CliquerCellule(&e.g, 2, 0));
         QVERIFY(e.g.EditionOuverte());
         QCOMPARE(e.g.LigneEditee(), 2);
@@ -314,8 +314,7 @@ private slots:
             }
             return Grille::Validation::Accepter;
         });
-        connect(g, &QTreeWidget::itemClicked, g,
-                [g](QTreeWidgetItem* element, int) { g->EditerCellule(g->Ligne(element), 2); });
+        connect(g, &Grille::ligneCliquee, g, [g](int ligne, int) { g->EditerCellule(ligne, 2); });
         QString apres;
         support::PiloteModal pilote;
         pilote
