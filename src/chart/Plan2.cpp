@@ -40,6 +40,7 @@ Plan2::Plan2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::
     ui->Tree3->FixerLargeurColonne(1, 280);
     ui->Tree3->FixerLargeurColonne(2, 120);
     ui->Tree3->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
+    ui->Tree3->FixerTriMontants(2);
     ui->Mnumero->setInputMask(masqueGeneral);
     ui->Mnumero->installEventFilter(this);
 

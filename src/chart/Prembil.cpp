@@ -49,6 +49,7 @@ Prembil::Prembil(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
         g->FixerLargeurColonne(1, 250);
         g->FixerLargeurColonne(2, 125);
         g->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
+        g->FixerTriMontants(2);
         g->FixerValidation([this, cote](int ligne, int, QString& texte) {
             return ValiderCellule(*cote, ligne, texte);
         });

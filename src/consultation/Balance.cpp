@@ -36,8 +36,10 @@ int ColonneSolde(const QString& erCpt, Montant solde) {
 
 // Les montants à droite.
 void AlignerMontants(ui::Grille* grille) {
-    for (int c = 2; c < 7; ++c)
+    for (int c = 2; c < 7; ++c) {
         grille->FixerAlignementColonne(c, Qt::AlignRight | Qt::AlignVCenter);
+        grille->FixerTriMontants(c);
+    }
 }
 
 } // namespace

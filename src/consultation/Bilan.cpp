@@ -61,6 +61,7 @@ Montant DeuxListes::Remplir(ui::Grille* grille, comptes::Rubrique rubrique) {
     Montant total;
     grille->Vider();
     grille->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
+    grille->FixerTriMontants(2);
     grille->DebutRemplissage();
     for (const comptes::Compte& c : comptes::DeLaRubrique(rubrique)) {
         const QString affiche = FormaterMontant(c.solde, image);

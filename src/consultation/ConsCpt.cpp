@@ -73,6 +73,7 @@ void ConsCpt::Form_Load() {
         aide->FixerMessageAide(texteAide);
     ui::RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2, ui->Tree3});
     ui->Tree1->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
+    ui->Tree1->FixerTriMontants(2);
     ui->Tree1->DebutRemplissage();
     for (const comptes::Compte& c : comptes::ParCreation())
         ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);

@@ -33,6 +33,10 @@ bool MarqueFin(double numero);
 // "Numéro", "Date Saisie", "Date Pièce", "Libellé", "Compte", "Débit", "Crédit", puis la
 // colonne du journal (sans titre à l'écran, "Journal" dans un export).
 QStringList Titres(const QString& titreJournal = QString());
+// Rang des colonnes du numéro, des deux dates et des deux montants.
+inline constexpr int ColonneNumero = 0, ColonneDateSaisie = 1, ColonneDatePiece = 2,
+                     ColonneDebit = 5, ColonneCredit = 6;
+
 // Textes d'une ligne : dates à l'écran, montant dans la colonne de son sens.
 QStringList Textes(const Ligne& l, const QString& montantAffiche);
 

@@ -1,6 +1,7 @@
 #include "consultation/Journal.h"
 
 #include "base/Texte.h"
+#include "consultation/ColonnesJournal.h"
 #include "consultation/DonneesJournal.h"
 #include "consultation/Export.h"
 #include "session/Session.h"
@@ -28,7 +29,7 @@ Journal::Journal(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<
     ui->BRGeneral->setObjectName(QStringLiteral("BRGénéral"));
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);
-    ui->Tree1->FixerColonnes(journal::Titres());
+    PreparerColonnesJournal(ui->Tree1);
     const int largeurs[] = {60, 85, 85, 260, 80, 110, 110, 30};
     for (int c = 0; c < 8; ++c)
         ui->Tree1->FixerLargeurColonne(c, largeurs[c]);
@@ -159,7 +160,8 @@ void Journal::AffJournal(const QString& Code, const QString& Fichier, const QStr
     Montant debits, credits;
     int lu = 0;
     journal::LireLignes(Code, decroissant, [&](const journal::Ligne& l) {
-        ui->Gauge1->setValue(++lu);
+        // La jauge avance par pas : la repeindre à chaque ligne coûterait plus que la ligne.
+        if (++lu % 1000 == 0) ui->Gauge1->setValue(lu);
         if (mensuel && (colonneDate == 2 ? l.datePiece : l.dateEcr).mid(4, 2) != mois) return;
         if (!ecran) {
             QStringList textes = journal::Textes(l, NombreLocal(l.montant));
@@ -174,6 +176,7 @@ void Journal::AffJournal(const QString& Code, const QString& Fichier, const QStr
         ui->Tree1->AjouterLigne(journal::Textes(l, FormaterMontant(l.montant, image)));
         if (!decroissant && l.fin) ui->Tree1->AjouterLigne(vide);
     });
+    ui->Gauge1->setValue(lu);
     if (ecran) {
         ui->Tree1->FinRemplissage();
         ui->Tree1->setUpdatesEnabled(true);

@@ -41,8 +41,11 @@ void AfficherLignesCompte(ui::Grille* grille, const std::vector<LigneCompte>& li
     const QString& image = session().FormatMontant;
     const Qt::Alignment droite = Qt::AlignRight | Qt::AlignVCenter;
     grille->Vider();
-    for (int c : {0, 3, 4, 5})
+    for (int c : {0, 3, 4, 5}) {
         grille->FixerAlignementColonne(c, droite);
+        grille->FixerTriMontants(c);
+    }
+    grille->FixerTriDates(1);
     // D'un seul coup : une liste de vingt mille lignes reste instantanée.
     grille->DebutRemplissage();
     for (const LigneCompte& l : lignes) {

@@ -1,6 +1,7 @@
 #include "entry/AffJournal.h"
 
 #include "base/Montant.h"
+#include "consultation/ColonnesJournal.h"
 #include "consultation/DonneesJournal.h"
 #include "session/Session.h"
 #include "ui/Boite.h"
@@ -29,7 +30,7 @@ void AjouterEcriture(ui::Grille* grille, const journal::Ligne& l) {
 void PreparerListesJournal(ui::Grille* tree1, ui::Grille* tree2) {
     const QList<int> largeurs{60, 80, 80, 220, 80, 100, 100};
     for (ui::Grille* g : {tree1, tree2}) {
-        g->FixerColonnes(journal::Titres());
+        PreparerColonnesJournal(g);
         for (int c = 0; c < largeurs.size(); ++c)
             g->FixerLargeurColonne(c, largeurs[c]);
         g->setColumnHidden(ColonneJournal, true);

@@ -70,6 +70,7 @@ bool ValiderEtPasser(QLineEdit* libelle, QLineEdit* echeance, const QString& num
 void AfficherComptesOfferts(ui::Grille* liste, const std::vector<saisie::CompteOffert>& comptes) {
     liste->setUpdatesEnabled(false);
     liste->Vider();
+    liste->FixerTriMontants(2);
     for (const saisie::CompteOffert& c : comptes)
         liste->AjouterLigne(
             {c.numero, c.libelle, FormaterMontant(c.solde, session().FormatMontant)});

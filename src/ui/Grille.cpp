@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSettings>
+#include <limits>
 
 namespace ui {
 
@@ -55,8 +56,47 @@ void Grille::FixerAlignementColonne(int colonne, Qt::Alignment alignement) {
     modele->FixerAlignement(colonne, alignement);
 }
 
-void Grille::FixerTriNumerique(int colonne, bool numerique) {
-    modele->FixerCleTri(colonne, numerique ? ModeleGrille::Cle::Nombre : ModeleGrille::Cle::Texte);
+void Grille::FixerTriMontants(int colonne) {
+    modele->FixerCleTri(colonne, &Grille::CleMontant);
+}
+
+void Grille::FixerTriDates(int colonne) {
+    modele->FixerCleTri(colonne, &Grille::CleDate);
+}
+
+double Grille::CleMontant(QStringView texte) {
+    // Chiffres, une virgule ou un point décimal, un signe ; le reste (espaces des milliers,
+    // symbole de la monnaie) est sauté.
+    double valeur = 0, echelle = 0;
+    bool chiffre = false, negatif = false;
+    for (const QChar c : texte) {
+        if (c.isDigit()) {
+            chiffre = true;
+            const int d = c.digitValue();
+            if (echelle > 0) {
+                valeur += d * echelle;
+                echelle /= 10;
+            } else {
+                valeur = valeur * 10 + d;
+            }
+        } else if ((c == u',' || c == u'.') && echelle == 0) {
+            echelle = 0.1;
+        } else if (c == u'-' && !chiffre) {
+            negatif = true;
+        }
+    }
+    if (!chiffre) return -std::numeric_limits<double>::infinity();
+    return negatif ? -valeur : valeur;
+}
+
+double Grille::CleDate(QStringView texte) {
+    if (texte.size() != 10 || texte[2] != u'/' || texte[5] != u'/')
+        return -std::numeric_limits<double>::infinity();
+    bool j = false, m = false, a = false;
+    const int jour = texte.mid(0, 2).toInt(&j), mois = texte.mid(3, 2).toInt(&m),
+              annee = texte.mid(6, 4).toInt(&a);
+    if (!j || !m || !a) return -std::numeric_limits<double>::infinity();
+    return annee * 10000.0 + mois * 100 + jour;
 }
 
 void Grille::FixerColonneTriable(int colonne, bool triable) {

@@ -47,9 +47,13 @@ public:
 
     // Alignement des textes d'une colonne (les montants à droite).
     void FixerAlignementColonne(int colonne, Qt::Alignment alignement);
-    // Une colonne triée sur sa donnée de cellule comparée comme un nombre plutôt que sur
-    // son texte (montants, dates AAAAMMJJ).
-    void FixerTriNumerique(int colonne, bool numerique);
+    // Une colonne de montants ou de dates se trie sur leur valeur, non sur le texte.
+    void FixerTriMontants(int colonne);
+    void FixerTriDates(int colonne);
+    // Valeur d'un montant affiché ("-1 234,56 E") ; d'une date JJ/MM/AAAA (AAAAMMJJ).
+    // Cellule vide ou illisible : avant toutes les autres.
+    static double CleMontant(QStringView texte);
+    static double CleDate(QStringView texte);
 
     // Lignes
     // Un remplissage de milliers de lignes se fait entre ces deux appels : la vue les

@@ -18,7 +18,7 @@ void ModeleGrille::FixerTitres(const QStringList& nouveaux) {
     couleursTexte.clear();
     couleursFond.clear();
     alignements.assign(titres.size(), Qt::AlignLeft | Qt::AlignVCenter);
-    cles.assign(titres.size(), Cle::Texte);
+    cles.assign(titres.size(), CleTri());
     endResetModel();
 }
 
@@ -189,8 +189,8 @@ void ModeleGrille::FixerAlignement(int colonne, Qt::Alignment alignement) {
                          {Qt::TextAlignmentRole});
 }
 
-void ModeleGrille::FixerCleTri(int colonne, Cle cle) {
-    if (colonne >= 0 && colonne < NombreColonnes()) cles[colonne] = cle;
+void ModeleGrille::FixerCleTri(int colonne, CleTri cle) {
+    if (colonne >= 0 && colonne < NombreColonnes()) cles[colonne] = std::move(cle);
 }
 
 void ModeleGrille::Trier(int colonne, Qt::SortOrder ordreTri) {
@@ -200,19 +200,19 @@ void ModeleGrille::Trier(int colonne, Qt::SortOrder ordreTri) {
     const QModelIndexList avant = persistentIndexList();
     const std::vector<int> ordreAvant = ordre;
     const bool decroissant = ordreTri == Qt::DescendingOrder;
-    if (cles[colonne] == Cle::Nombre) {
+    // Les textes sont lus sans copie : des vues sur le tampon.
+    const auto vue = [&](int r) {
+        const Cellule& c = cellules[static_cast<std::size_t>(r) * titres.size() + colonne];
+        return QStringView(tampon).mid(c.debut, c.taille);
+    };
+    if (cles[colonne]) {
         std::vector<double> valeurs(donnees.size());
         for (int r : ordre)
-            valeurs[r] = donneesCellules.value(CleCellule(r, colonne)).toDouble();
+            valeurs[r] = cles[colonne](vue(r));
         std::stable_sort(ordre.begin(), ordre.end(), [&](int a, int b) {
             return decroissant ? valeurs[b] < valeurs[a] : valeurs[a] < valeurs[b];
         });
     } else {
-        // Comparaison des textes sans les copier : des vues sur le tampon.
-        const auto vue = [&](int r) {
-            const Cellule& c = cellules[static_cast<std::size_t>(r) * titres.size() + colonne];
-            return QStringView(tampon).mid(c.debut, c.taille);
-        };
         std::stable_sort(ordre.begin(), ordre.end(), [&](int a, int b) {
             return decroissant ? vue(b).compare(vue(a)) < 0 : vue(a).compare(vue(b)) < 0;
         });

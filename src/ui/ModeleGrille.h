@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 #include <vector>
 
 namespace ui {
@@ -45,10 +46,10 @@ public:
     void FixerCouleurs(int ligne, int colonne, const QColor& texte, const QColor& fond);
     void FixerAlignement(int colonne, Qt::Alignment alignement);
 
-    // Clé de tri d'une colonne : le texte affiché (par défaut), ou la donnée de cellule
-    // comparée comme un nombre.
-    enum class Cle { Texte, Nombre };
-    void FixerCleTri(int colonne, Cle cle);
+    // Clé de tri d'une colonne tirée du texte affiché (montant, date) ; sans clé, le texte
+    // lui-même. Calculée au moment du tri : rien n'est gardé par ligne.
+    using CleTri = std::function<double(QStringView)>;
+    void FixerCleTri(int colonne, CleTri cle);
     // Tri stable de la permutation ; les lignes rangées ne bougent pas.
     void Trier(int colonne, Qt::SortOrder ordreTri);
 
@@ -81,7 +82,7 @@ private:
     QHash<qint64, QVariant> donneesCellules;
     QHash<qint64, QColor> couleursTexte, couleursFond;
     std::vector<Qt::Alignment> alignements;
-    std::vector<Cle> cles;
+    std::vector<CleTri> cles;
 };
 
 } // namespace ui
