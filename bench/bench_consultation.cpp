@@ -6,6 +6,7 @@
 #include "consultation/Balance.h"
 #include "consultation/BilGraph.h"
 #include "consultation/Bilan.h"
+#include "consultation/DonneesJournal.h"
 #include "consultation/Journal.h"
 #include "consultation/Resultat.h"
 #include "session/Session.h"
@@ -108,6 +109,20 @@ int main(int argc, char** argv) {
     }
     const double simple = chrono.nsecsElapsed() / 1e6;
 
+    // Les mêmes lignes lues par la porte des données, puis mises en textes, sans grille.
+    chrono.restart();
+    int parLaPorte = 0;
+    journal::LireLignes(QStringLiteral("*"), true, [&](const journal::Ligne&) { ++parLaPorte; });
+    const double tempsPorte = chrono.nsecsElapsed() / 1e6;
+    chrono.restart();
+    qsizetype caracteres = 0;
+    journal::LireLignes(QStringLiteral("*"), true, [&](const journal::Ligne& l) {
+        for (const QString& t :
+             journal::Textes(l, FormaterMontant(l.montant, session().FormatMontant)))
+            caracteres += t.size();
+    });
+    const double tempsTextes = chrono.nsecsElapsed() / 1e6;
+
     double avant = 0, pic = 0;
     Memoire(avant, pic);
     ecran::Journal journal;
@@ -150,6 +165,10 @@ int main(int argc, char** argv) {
     std::printf("Journal général décroissant, année entière, rempli et peint : %.0f ms, %d "
                 "lignes de grille ; mémoire résidente %.0f Mo (avant %.0f Mo, pic %.0f Mo)\n",
                 tempsJournal, lignesGrille, apres, avant, pic);
+    std::printf("Lignes du journal lues par la porte des données : %.0f ms (%d lignes)\n",
+                tempsPorte, parLaPorte);
+    std::printf("Lignes du journal lues et mises en textes : %.0f ms (%lld caractères)\n",
+                tempsTextes, static_cast<long long>(caracteres));
     std::printf("Journal / lecture simple : %.1f fois\n", tempsJournal / simple);
     std::printf("Tri du journal par Libellé : %.0f ms\n", tempsTri);
     std::printf("Balance générale : %.1f ms\n", tempsBalance);
