@@ -13,17 +13,12 @@ using namespace essai;
 
 class TestDonneesPlan : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
+    // Aucune boîte ne doit venir : la garde le vérifie à la fin de chaque essai.
+    CadreEssai cadre;
 
 private slots:
-    void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
-    }
-    void cleanup() {
-        FermerBase();
-        dossier.reset();
-    }
+    void init() { cadre.Ouvrir(); }
+    void cleanup() { cadre.Fermer(); }
 
     void plansStandard_lusDansMarovalIni() {
         const QList<plan::PlanStandard> plans = plan::LirePlansStandard();

@@ -32,12 +32,12 @@ QStringList NumerosComptes(const std::vector<comptes::Compte>& c) {
 
 class TestDonneesConsultation : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
+    // Aucune boîte ne doit venir : la garde le vérifie à la fin de chaque essai.
+    CadreEssai cadre;
 
 private slots:
     void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
+        cadre.Ouvrir();
         for (const auto& [n, l] : QList<QPair<QString, QString>>{{"411DUP", "Dupont"},
                                                                  {"401MAR", "Martin"},
                                                                  {"512", "Banque"},
@@ -52,10 +52,7 @@ private slots:
                {{"607", "D", Euros(50)}, {"607", "D", Euros(30)}, {"401MAR", "C", Euros(80)}}, "A");
         Passer("20/03/2024", {{"512", "D", Euros(120)}, {"411DUP", "C", Euros(120)}}, "T");
     }
-    void cleanup() {
-        FermerBase();
-        dossier.reset();
-    }
+    void cleanup() { cadre.Fermer(); }
 
     void journal_lignesDansLesDeuxOrdres() {
         QCOMPARE(journal::NombreLignes("*"), 7);

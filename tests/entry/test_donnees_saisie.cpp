@@ -41,12 +41,12 @@ void Ligne(const QString& numero, double wNumEcrt, Montant montant = Montant(),
 
 class TestDonneesSaisie : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
+    // Aucune boîte ne doit venir : la garde le vérifie à la fin de chaque essai.
+    CadreEssai cadre;
 
 private slots:
     void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        OuvrirExercice(*dossier);
+        cadre.Ouvrir();
         for (const auto& [n, l] : QList<QPair<QString, QString>>{{"411", "Clients"},
                                                                  {"401", "Fournisseurs"},
                                                                  {"512", "Banque"},
@@ -57,10 +57,7 @@ private slots:
             Compte(n, l);
         AssurerComptesFixes(Cle);
     }
-    void cleanup() {
-        FermerBase();
-        dossier.reset();
-    }
+    void cleanup() { cadre.Fermer(); }
 
     void entete_numeroSuivantEtDateDeSaisie() {
         QCOMPARE(saisie::LireEntete().numero, QStringLiteral("1"));
