@@ -25,14 +25,15 @@ std::uint64_t Absolu(std::int64_t v) {
     return v < 0 ? 0 - static_cast<std::uint64_t>(v) : static_cast<std::uint64_t>(v);
 }
 
-QString GrouperParTrois(std::uint64_t entier) {
+// Chiffres groupés par trois, ajoutés au texte (une liste de milliers de montants se
+// forme sans copie intermédiaire).
+void GrouperParTrois(std::uint64_t entier, QString& texte) {
     const QString chiffres = QString::number(entier);
-    QString groupe;
-    for (qsizetype i = 0; i < chiffres.size(); ++i) {
-        if (i > 0 && (chiffres.size() - i) % 3 == 0) groupe += u' ';
-        groupe += chiffres[i];
+    const qsizetype n = chiffres.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        if (i > 0 && (n - i) % 3 == 0) texte += u' ';
+        texte += chiffres[i];
     }
-    return groupe;
 }
 
 // Texte du montant à n décimales arrondies loin de zéro ; au-delà de quatre décimales
@@ -42,13 +43,22 @@ QString TexteDecimal(std::int64_t v, int decimales) {
     const auto pas = static_cast<std::uint64_t>(Puissances10[4 - exactes]);
     const std::uint64_t arrondi = (Absolu(v) + pas / 2) / pas;
     const auto unite = static_cast<std::uint64_t>(Puissances10[exactes]);
-    QString texte = GrouperParTrois(arrondi / unite);
+    QString texte;
+    // La place du symbole qui suit souvent est prise d'avance.
+    texte.reserve(32 + decimales);
+    if (v < 0 && arrondi != 0) texte += u'-';
+    GrouperParTrois(arrondi / unite, texte);
     if (decimales > 0) {
         texte += u',';
-        if (exactes > 0) texte += QString::number(arrondi % unite).rightJustified(exactes, u'0');
-        texte += QString(decimales - exactes, u'0');
+        if (exactes > 0) {
+            const QString fraction = QString::number(arrondi % unite);
+            for (qsizetype i = fraction.size(); i < exactes; ++i)
+                texte += u'0';
+            texte += fraction;
+        }
+        for (int i = exactes; i < decimales; ++i)
+            texte += u'0';
     }
-    if (v < 0 && arrondi != 0) texte.prepend(u'-');
     return texte;
 }
 
@@ -212,7 +222,9 @@ QString FormaterMontant(Montant montant, const QString& image) {
             ++debutSuite;
         }
     }
-    return TexteDecimal(montant.dixMilliemes(), decimales) + image.mid(debutSuite);
+    QString texte = TexteDecimal(montant.dixMilliemes(), decimales);
+    texte += QStringView(image).mid(debutSuite);
+    return texte;
 }
 
 QString ConstruireDecimales(int nbDecimales) {

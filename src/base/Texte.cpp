@@ -49,7 +49,16 @@ bool DateValide(const QString& texte) {
 
 QString DateVersEcran(const QString& aaaammjj) {
     if (aaaammjj.size() < 8) return {};
-    return aaaammjj.mid(6, 2) + u'/' + aaaammjj.mid(4, 2) + u'/' + aaaammjj.left(4);
+    // Une seule allocation : le journal en forme des centaines de milliers.
+    const QStringView d(aaaammjj);
+    QString ecran;
+    ecran.reserve(10);
+    ecran += d.mid(6, 2);
+    ecran += u'/';
+    ecran += d.mid(4, 2);
+    ecran += u'/';
+    ecran += d.left(4);
+    return ecran;
 }
 
 QString DateVersBase(const QString& jjmmaaaa) {
