@@ -204,11 +204,14 @@ private slots:
         QCOMPARE(g.NombreLignes(), 0);
         QCOMPARE(g.model()->rowCount(), 0);
         QCOMPARE(g.LigneCourante(), -1);
-        // Les largeurs des colonnes ne dépendent pas des lignes.
+        // Largeurs et colonnes cachées ne dépendent pas des lignes.
         g.FixerLargeurColonne(1, 222);
+        g.setColumnHidden(2, true);
         g.AjouterLigne({"1", "seule", "1,00 E"});
         g.Vider();
+        g.AjouterLigne({"2", "autre", "2,00 E"});
         QCOMPARE(g.LargeurColonne(1), 222);
+        QVERIFY(g.isColumnHidden(2));
     }
 };
 
