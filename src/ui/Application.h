@@ -6,12 +6,18 @@
 
 #include <QApplication>
 #include <QString>
+#include <functional>
 
 namespace ui {
 
 // Montre la boîte "Erreur d'exécution" puis termine le programme (code 1). Une seconde
 // erreur pendant la première termine sans autre boîte.
 void SignalerErreurExecution(const QString& description);
+
+// Exécute le travail hors de la boucle des événements (démarrage, boucle elle-même) : une
+// exception qui en sort est l'erreur d'exécution, jamais un arrêt brutal du processus.
+// Rend le code du travail, ou celui de la fin demandée.
+int ExecuterSousGarde(const std::function<int()>& travail);
 
 class Application : public QApplication {
     Q_OBJECT

@@ -3,6 +3,7 @@
 
 #include "support/DossierEssai.h"
 #include "support/Outils.h"
+#include "support/ProcessusFils.h"
 #include "support/SessionEssai.h"
 #include "support/TextesReprise.h"
 
@@ -254,6 +255,37 @@ private slots:
         EcrireReglage("intl", "sDecimal", ",");
         QVERIFY(ControleSymboleDecimal());
         QVERIFY(ui::JournalBoites().isEmpty());
+    }
+
+    void symboleDecimalAbsent_aucuneQuestion() {
+        EffacerReglage("intl");
+        QVERIFY(ControleSymboleDecimal());
+        QVERIFY(ui::JournalBoites().isEmpty());
+    }
+
+    // Lancé seul dans un processus fils en langue C : aucun réglage, aucune question.
+    void enfantPremierDemarrageEnLangueC() {
+        if (!support::EstProcessusFils()) QSKIP("exécuté seulement comme processus fils");
+        EffacerReglage("intl");
+        const bool suite = Demarrage({"maroval"});
+        std::printf("point décimal du système : %s\n",
+                    qPrintable(QString(QLocale::system().decimalPoint())));
+        std::printf("suite=%d ordre=%s boites=%d\n", suite, qPrintable(ordre.join(',')),
+                    static_cast<int>(ui::JournalBoites().size()));
+    }
+
+    void premierDemarrageEnLangueC_leChoixDeLaSocieteVientDAbord() {
+        const QByteArray lang = qgetenv("LANG"), lcAll = qgetenv("LC_ALL");
+        qputenv("LANG", "C.UTF-8");
+        qputenv("LC_ALL", "C.UTF-8");
+        const support::ResultatFils fils =
+            support::LancerFonctionEnFils("enfantPremierDemarrageEnLangueC");
+        qputenv("LANG", lang);
+        qputenv("LC_ALL", lcAll);
+        QVERIFY(fils.termine && !fils.plante);
+        QVERIFY2(fils.sortie.contains("point décimal du système : ."), qPrintable(fils.sortie));
+        QVERIFY2(fils.sortie.contains("suite=1 ordre=General,Societe boites=0"),
+                 qPrintable(fils.sortie));
     }
 
     void ligneDeCommande_retenueDansLaSession() {

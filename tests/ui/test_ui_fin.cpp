@@ -169,6 +169,46 @@ private slots:
         QVERIFY2(!fils.sortie.contains("Totals"), qPrintable(fils.sortie));
     }
 
+    void gardeHorsEvenements_exceptionMontreErreurExecutionEtRendUn() {
+        RepondreBoite(Reponse::OK);
+        const int code = ExecuterSousGarde(
+            []() -> int { throw std::out_of_range("Indice en dehors de la plage"); });
+        QCOMPARE(code, 1);
+        QVERIFY(FinDemandee());
+        QCOMPARE(JournalBoites().size(), 1);
+        QCOMPARE(JournalBoites()[0].titre, QString("Erreur d'exécution"));
+        QCOMPARE(JournalBoites()[0].texte, QString("Indice en dehors de la plage"));
+    }
+
+    void gardeHorsEvenements_codeDuTravailRenduSansBoite() {
+        QCOMPARE(ExecuterSousGarde([] { return 5; }), 5);
+        QCOMPARE(ExecuterSousGarde([]() -> int { TerminerProgramme(3); }), 3);
+        QVERIFY(JournalBoites().isEmpty());
+    }
+
+    // Lancé seul dans un processus fils : une exception sortie du démarrage, hors de la
+    // boucle des événements.
+    void enfantExceptionHorsEvenements() {
+        if (!support::EstProcessusFils()) QSKIP("exécuté seulement comme processus fils");
+        ObserverFin(false);
+        RepondreBoite(Reponse::OK);
+        std::printf("avant\n");
+        std::fflush(stdout);
+        ExecuterSousGarde([]() -> int { throw std::runtime_error("base illisible"); });
+        std::printf("jamais\n");
+    }
+
+    void exceptionHorsEvenements_finPropreAvecUnCodeNonNul() {
+        const support::ResultatFils fils =
+            support::LancerFonctionEnFils("enfantExceptionHorsEvenements");
+        QVERIFY(fils.termine);
+        QVERIFY2(!fils.plante, qPrintable(fils.erreurs));
+        QCOMPARE(fils.code, 1);
+        QVERIFY2(fils.sortie.contains("avant\n"), qPrintable(fils.sortie));
+        QVERIFY(!fils.sortie.contains("jamais"));
+        QVERIFY(!fils.erreurs.contains("terminate"));
+    }
+
     void horlogeFigeepuisRendueAuTempsReel() {
         const QDateTime fixe(QDate(2024, 2, 29), QTime(23, 59, 30));
         FixerHorloge(fixe);
