@@ -95,18 +95,20 @@ std::optional<table::Saisie> LigneDuCompte(const QString& numero) {
 }
 
 std::optional<Ligne> LireLigne(double wNumEcrt, const QString& numCpt) {
-    Ligne l;
-    const bool trouve = numCpt.isNull() ? acces::LireLigne("wSaisie", "wNumEcrt=?", l.s, wNumEcrt)
-                                        : acces::LireLigne("wSaisie", "wNumEcrt=? AND wNumCpt=?",
-                                                           l.s, wNumEcrt, numCpt.trimmed());
-    if (!trouve) return std::nullopt;
-    auto& q = Requete(numCpt.isNull() ? "SELECT rowid FROM wSaisie WHERE wNumEcrt=? ORDER BY "
-                                        "rowid LIMIT 1"
-                                      : "SELECT rowid FROM wSaisie WHERE wNumEcrt=? AND wNumCpt=? "
-                                        "ORDER BY rowid LIMIT 1");
+    // Le rowid et les champs en une seule lecture.
+    auto& q = Requete("SELECT rowid," + acces::NomsDe<table::Saisie>().liste +
+                      " FROM wSaisie WHERE wNumEcrt=?" + (numCpt.isNull() ? "" : " AND wNumCpt=?") +
+                      " ORDER BY rowid LIMIT 1");
     q.bind(1, wNumEcrt);
     if (!numCpt.isNull()) q.bind(2, numCpt.trimmed().toStdString());
-    if (q.executeStep()) l.rowid = q.getColumn(0).getInt64();
+    if (!q.executeStep()) {
+        q.reset();
+        return std::nullopt;
+    }
+    Ligne l;
+    l.rowid = q.getColumn(0).getInt64();
+    acces::Lecteur lecteur{q, 1};
+    champs::Visiter(l.s, lecteur);
     q.reset();
     return l;
 }

@@ -1,5 +1,7 @@
 #include "support/ExerciceEssai.h"
 
+#include "support/LivresEssai.h"
+
 #include "posting/Filtre.h"
 #include "posting/PasserEcriture.h"
 #include "session/Session.h"
@@ -67,23 +69,8 @@ void Passer(const QString& date, const QList<LigneEssai>& lignes, const QString&
     Base().exec("DELETE FROM wSaisie");
     const QString stockee = date.mid(6, 4) + date.mid(3, 2) + date.left(2);
     for (const LigneEssai& l : lignes) {
-        const table::Compte c = LireCpt(l.numero);
-        table::Saisie s;
-        s.wDateEcr = stockee;
-        s.wDatePiece = stockee;
-        s.wNumCpt = l.numero;
-        s.wErEcr = c.ErCpt;
-        s.wLibCpt = c.LibCpt;
-        s.wSolde = c.Solde;
-        s.wTiers = c.Tiers;
-        s.wBilan = c.Bilan;
-        s.wMenu = c.Menu;
-        s.wLibEcr = l.libelle;
-        const bool debitNaturel = c.ErCpt.startsWith(u'E');
-        s.wMntEcr = (l.sens == QLatin1String("D")) == debitNaturel ? l.montant : -l.montant;
-        s.wDCEcr = l.sens;
-        s.wJournal = journal;
-        s.wMenuLigne = QStringLiteral("411");
+        table::Saisie s = LigneDuCompte(l.numero, l.sens, l.montant, journal, stockee, l.libelle,
+                                        QStringLiteral("411"));
         AjouterSaisie(s);
     }
     PasserEcriture(QString::number(Constante().LastNumEcrit + 1), QStringLiteral("E"));

@@ -119,13 +119,14 @@ QString DateStockee() {
     return d.mid(6, 4) + d.mid(3, 2) + d.left(2);
 }
 
-table::Saisie Ligne(const QString& numero, const QString& dc, Montant absolu,
-                    const QString& journal) {
+table::Saisie LigneDuCompte(const QString& numero, const QString& dc, Montant absolu,
+                            const QString& journal, const QString& date, const QString& libelle,
+                            const QString& caseMenu) {
     table::Compte c;
     LireCompte(Cle, numero, c);
     table::Saisie s;
-    s.wDateEcr = DateStockee();
-    s.wDatePiece = DateStockee();
+    s.wDateEcr = date;
+    s.wDatePiece = date;
     s.wNumCpt = numero;
     s.wErEcr = c.ErCpt;
     s.wLibCpt = c.LibCpt;
@@ -133,13 +134,19 @@ table::Saisie Ligne(const QString& numero, const QString& dc, Montant absolu,
     s.wTiers = c.Tiers;
     s.wBilan = c.Bilan;
     s.wMenu = c.Menu;
-    s.wLibEcr = QStringLiteral("Essai ") + numero;
+    s.wLibEcr = libelle;
     const bool debitNaturel = c.ErCpt.startsWith(u'E');
     s.wMntEcr = (dc == QLatin1String("D")) == debitNaturel ? absolu : -absolu;
     s.wDCEcr = dc;
     s.wJournal = journal;
-    s.wMenuLigne = QStringLiteral("V01");
+    s.wMenuLigne = caseMenu;
     return s;
+}
+
+table::Saisie Ligne(const QString& numero, const QString& dc, Montant absolu,
+                    const QString& journal) {
+    return LigneDuCompte(numero, dc, absolu, journal, DateStockee(),
+                         QStringLiteral("Essai ") + numero, QStringLiteral("V01"));
 }
 
 void Saisir(const QString& numero, const QString& dc, Montant absolu, const QString& journal) {

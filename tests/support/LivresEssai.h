@@ -43,6 +43,12 @@ QString DateStockee();
 
 // Une ligne telle que la saisie la laisse : montant positif quand le compte grandit de son
 // côté naturel (débit pour E1 et E2, crédit pour R1 et R2).
+// Ligne de wSaisie d'un compte de l'exercice d'essai comme la saisie la laisse : montant
+// positif quand le compte grandit de son côté naturel, date AAAAMMJJ.
+table::Saisie LigneDuCompte(const QString& numero, const QString& dc, Montant absolu,
+                            const QString& journal, const QString& date, const QString& libelle,
+                            const QString& caseMenu);
+
 table::Saisie Ligne(const QString& numero, const QString& dc, Montant absolu,
                     const QString& journal = QStringLiteral("V"));
 void Saisir(const QString& numero, const QString& dc, Montant absolu,
