@@ -1,54 +1,20 @@
 #include "backup/Restauration.h"
 
+#include "backup/Historique.h"
 #include "backup/ZipBiblio.h"
 #include "session/FichierProfil.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "ui/Boite.h"
+#include "ui/Dialogues.h"
 #include "ui/Fin.h"
+#include "ui/Horloge.h"
 
 #include <QDir>
 #include <QFile>
-#include <QMap>
-#include <QSet>
+#include <QFileInfo>
 #include <QTemporaryDir>
-#include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Statement.h>
 #include <cstdio>
-
-namespace {
-
-using Structure = QMap<QString, QSet<QString>>; // table -> colonnes, en minuscules
-
-Structure LireStructure(SQLite::Database& db) {
-    Structure s;
-    SQLite::Statement tables(
-        db, "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite\\_%' "
-            "ESCAPE '\\'");
-    while (tables.executeStep()) {
-        const std::string nom = tables.getColumn(0).getString();
-        QSet<QString>& colonnes = s[QString::fromStdString(nom).toLower()];
-        SQLite::Statement cols(db, "SELECT name FROM pragma_table_info(?)");
-        cols.bind(1, nom);
-        while (cols.executeStep())
-            colonnes.insert(QString::fromUtf8(cols.getColumn(0).getText()).toLower());
-    }
-    return s;
-}
-
-// La structure que le schéma livré donne à une base neuve.
-const Structure& StructureAttendue() {
-    static const Structure attendue = [] {
-        QFile f(QStringLiteral(":/data/schema.sql"));
-        if (!f.open(QIODevice::ReadOnly)) return Structure();
-        SQLite::Database db(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        db.exec(f.readAll().toStdString());
-        return LireStructure(db);
-    }();
-    return attendue;
-}
-
-} // namespace
 
 bool EstArchiveLigneCommande(const QString& ligne) {
     const QString l = ligne.toUpper();
@@ -68,29 +34,42 @@ QString TexteRestaurationTerminee() {
 }
 
 QString ControlerBaseRestauree(const QString& chemin) {
-    try {
-        SQLite::Database db(QFile::encodeName(chemin).toStdString(), SQLite::OPEN_READWRITE);
-        SQLite::Statement integrite(db, "PRAGMA integrity_check");
-        if (!integrite.executeStep() || integrite.getColumn(0).getString() != "ok")
-            return QStringLiteral("base endommagée : ") +
-                   QString::fromStdString(integrite.getColumn(0).getString());
-        const Structure attendue = StructureAttendue();
-        if (attendue.isEmpty()) return QStringLiteral("schéma livré illisible");
-        const Structure lue = LireStructure(db);
-        for (auto t = attendue.cbegin(); t != attendue.cend(); ++t) {
-            if (!lue.contains(t.key())) return QStringLiteral("table absente : ") + t.key();
-            if (lue.value(t.key()) != t.value())
-                return QStringLiteral("colonnes différentes dans la table ") + t.key();
-        }
-        for (auto t = lue.cbegin(); t != lue.cend(); ++t)
-            if (!attendue.contains(t.key())) return QStringLiteral("table inconnue : ") + t.key();
-    } catch (const std::exception& e) {
-        return QStringLiteral("base illisible : ") + QString::fromUtf8(e.what());
-    }
-    return QString();
+    const DiagnosticBase d = ControlerBase(chemin, true);
+    if (d.etat == EtatBase::Absente) return QStringLiteral("fichier absent");
+    return d.raison;
 }
 
-bool RemplacerBaseDepuisArchive(const QString& fichier) {
+QString NomBaseEndommagee(const QDateTime& moment) {
+    return QStringLiteral("maroval.mdb.endommage-") +
+           moment.toString(QStringLiteral("yyyyMMdd-HHmmss"));
+}
+
+namespace {
+
+// Renomme sans jamais écraser : un fichier déjà gardé sous ce nom reste tel quel.
+bool RenommerSansEcraser(const QString& de, const QString& vers) {
+    if (QFileInfo::exists(vers)) return false;
+    return std::rename(QFile::encodeName(de).constData(), QFile::encodeName(vers).constData()) == 0;
+}
+
+// La base abîmée et son journal passent à côté ; l'index partagé se recrée, on le retire.
+bool GarderACote(const QString& cible) {
+    const QString dossier = QFileInfo(cible).absolutePath();
+    QString nom = NomBaseEndommagee(ui::Maintenant());
+    for (int i = 2; QFileInfo::exists(QDir(dossier).filePath(nom)); ++i)
+        nom = NomBaseEndommagee(ui::Maintenant()) + QStringLiteral("-%1").arg(i);
+    const QString garde = QDir(dossier).filePath(nom);
+    if (QFileInfo::exists(cible) && !RenommerSansEcraser(cible, garde)) return false;
+    if (QFileInfo::exists(cible + QStringLiteral("-wal")) &&
+        !RenommerSansEcraser(cible + QStringLiteral("-wal"), garde + QStringLiteral("-wal")))
+        return false;
+    QFile::remove(cible + QStringLiteral("-shm"));
+    return true;
+}
+
+} // namespace
+
+bool RemplacerBaseDepuisArchive(const QString& fichier, BaseEnPlace enPlace) {
     const QString dossier = session().DossierDonnees;
     // Même dossier que la base : le renommage final reste un seul geste atomique.
     QTemporaryDir provisoire(QDir(dossier).filePath(QStringLiteral("restauration-XXXXXX")));
@@ -99,9 +78,13 @@ bool RemplacerBaseDepuisArchive(const QString& fichier) {
     const QString candidat = provisoire.filePath(QStringLiteral("maroval.mdb"));
     if (!ControlerBaseRestauree(candidat).isEmpty()) return false;
     const QString cible = QDir(dossier).filePath(QStringLiteral("maroval.mdb"));
-    // Un journal resté à côté de l'ancienne base serait rejoué sur la nouvelle.
-    QFile::remove(cible + QStringLiteral("-wal"));
-    QFile::remove(cible + QStringLiteral("-shm"));
+    if (enPlace == BaseEnPlace::GardeeACote) {
+        if (!GarderACote(cible)) return false;
+    } else {
+        // Un journal resté à côté de l'ancienne base serait rejoué sur la nouvelle.
+        QFile::remove(cible + QStringLiteral("-wal"));
+        QFile::remove(cible + QStringLiteral("-shm"));
+    }
     if (std::rename(QFile::encodeName(candidat).constData(),
                     QFile::encodeName(cible).constData()) != 0)
         return false;
@@ -109,10 +92,10 @@ bool RemplacerBaseDepuisArchive(const QString& fichier) {
     return true;
 }
 
-bool RestaurerArchive(const QString& fichier) {
+bool RestaurerArchive(const QString& fichier, BaseEnPlace enPlace) {
     FermerBase();
-    if (!RemplacerBaseDepuisArchive(fichier)) {
-        OuvrirBase(session().DossierDonnees);
+    if (!RemplacerBaseDepuisArchive(fichier, enPlace)) {
+        if (enPlace == BaseEnPlace::Remplacee) OuvrirBase(session().DossierDonnees);
         ui::Boite(TexteEchecRestauration(), QStringLiteral("Maroval"), ui::Icone::Critique);
         return false;
     }
@@ -126,4 +109,79 @@ bool RestaurerArchive(const QString& fichier) {
     }
     ui::Boite(TexteRestaurationTerminee(), QStringLiteral("Maroval"), ui::Icone::Information);
     ui::TerminerProgramme(0);
+}
+
+SauvegardeConnue DerniereSauvegarde() {
+    SauvegardeConnue plusRecente;
+    QList<LigneHistorique> lignes;
+    try {
+        if (QFileInfo::exists(CheminHistorique())) lignes = LireHistorique(CheminHistorique());
+    } catch (...) {
+        // Un historique illisible ne propose rien : l'utilisateur choisira son archive.
+        return plusRecente;
+    }
+    for (const LigneHistorique& l : lignes) {
+        const QString f = l.FichierSauvegarde.value_or(QString());
+        const QString date = l.Date.value_or(QString());
+        if (f.isEmpty() || !QFileInfo(f).isFile()) continue;
+        if (plusRecente.fichier.isEmpty() || date > plusRecente.date) plusRecente = {f, date};
+    }
+    return plusRecente;
+}
+
+namespace {
+
+QString DateLisible(const QString& date) {
+    const QDateTime t = QDateTime::fromString(date, QStringLiteral("yyyyMMddHHmmss"));
+    if (!t.isValid()) return QString();
+    return t.toString(QStringLiteral("'du' dd/MM/yyyy 'à' HH:mm"));
+}
+
+} // namespace
+
+void ProposerReprise(const QString& chemin, const DiagnosticBase& diagnostic) {
+    const QString constat =
+        (diagnostic.etat == EtatBase::Etrangere
+             ? QStringLiteral("Ce fichier n'est pas une comptabilité Maroval :\n\n%1\n\n(%2)")
+             : QStringLiteral("Le fichier de votre comptabilité est endommagé :\n\n%1\n\n(%2)"))
+            .arg(QDir::toNativeSeparators(chemin), diagnostic.raison);
+    const QString garde =
+        QStringLiteral("Maroval n'y écrira rien. Vos comptes peuvent être repris d'une "
+                       "sauvegarde ; le fichier actuel sera alors gardé à côté, sous le nom "
+                       "%1, et rien ne sera effacé.")
+            .arg(NomBaseEndommagee(ui::Maintenant()));
+    for (;;) {
+        const SauvegardeConnue derniere = DerniereSauvegarde();
+        QString fichier;
+        if (!derniere.fichier.isEmpty()) {
+            const ui::Reponse r = ui::Boite(
+                constat + QStringLiteral("\n\n") + garde +
+                    QStringLiteral("\n\nCliquez [Oui] pour restaurer votre sauvegarde la plus "
+                                   "récente %1 :\n%2\n\nCliquez [Non] pour choisir une autre "
+                                   "sauvegarde.\n\nCliquez [Annuler] pour quitter Maroval sans "
+                                   "rien changer.")
+                        .arg(DateLisible(derniere.date),
+                             QDir::toNativeSeparators(derniere.fichier)),
+                QStringLiteral("Maroval"), ui::Icone::Critique, ui::Boutons::OuiNonAnnuler);
+            if (r == ui::Reponse::Oui) fichier = derniere.fichier;
+            if (r == ui::Reponse::Annuler) ui::TerminerProgramme(1);
+        } else {
+            const ui::Reponse r = ui::Boite(
+                constat + QStringLiteral("\n\n") + garde +
+                    QStringLiteral("\n\nAucune sauvegarde n'est connue de Maroval.\n\nCliquez "
+                                   "[Oui] pour désigner un fichier de sauvegarde (.sav).\n\n"
+                                   "Cliquez [Non] pour quitter Maroval sans rien changer."),
+                QStringLiteral("Maroval"), ui::Icone::Critique, ui::Boutons::OuiNon);
+            if (r != ui::Reponse::Oui) ui::TerminerProgramme(1);
+        }
+        if (fichier.isEmpty())
+            fichier = ui::ChoisirFichierOuvrir(
+                QStringLiteral("Choisir la sauvegarde à restaurer"),
+                derniere.fichier.isEmpty() ? QDir::homePath()
+                                           : QFileInfo(derniere.fichier).absolutePath(),
+                QStringLiteral("Sauvegarde (*.sav)|*.sav|Tous (*.*)|*.*"));
+        // Réussie, la restauration termine le programme ; manquée, la boîte d'échec est
+        // montrée et le choix revient.
+        if (!fichier.isEmpty()) RestaurerArchive(fichier, BaseEnPlace::GardeeACote);
+    }
 }

@@ -8,8 +8,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
+#include <algorithm>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <zip.h>
 
@@ -46,7 +49,32 @@ struct Archive {
     }
 };
 
+// Ce qui rend une entrée dangereuse à extraire, vide sinon. On n'extrait qu'une entrée, sous
+// un nom choisi par nous, mais une archive qui en porte de telles n'est pas une sauvegarde
+// de Maroval : elle est refusée tout entière.
+QString EntreeHostile(zip_t* za, zip_uint64_t index) {
+    const char* brut = zip_get_name(za, index, ZIP_FL_ENC_RAW);
+    const QString nom = brut ? QString::fromUtf8(brut) : QString();
+    if (nom.isEmpty()) return QStringLiteral("entrée sans nom");
+    if (nom.startsWith(u'/') || nom.startsWith(u'\\') || (nom.size() >= 2 && nom.at(1) == u':'))
+        return QStringLiteral("entrée au chemin absolu : ") + nom;
+    for (const QString& partie : nom.split(QRegularExpression(QStringLiteral("[/\\\\]"))))
+        if (partie == QLatin1String(".."))
+            return QStringLiteral("entrée hors de l'archive : ") + nom;
+    zip_uint8_t systeme = 0;
+    zip_uint32_t attributs = 0;
+    if (zip_file_get_external_attributes(za, index, 0, &systeme, &attributs) == 0 &&
+        systeme == ZIP_OPSYS_UNIX && ((attributs >> 16) & S_IFMT) == S_IFLNK)
+        return QStringLiteral("lien symbolique : ") + nom;
+    return QString();
+}
+
 } // namespace
+
+quint64 LimiteExtraction(qint64 tailleArchive) {
+    const quint64 plafond = quint64(2) << 30;
+    return std::min(plafond, quint64(std::max<qint64>(tailleArchive, 0)) * 10);
+}
 
 QString MessageZip() {
     return g_message;
@@ -92,11 +120,25 @@ bool UnZip(const QString& Archive, const QString& NomFichier, const QString& Des
         Noter(routine, 10, TexteErreurZip(code));
         return false;
     }
+    const zip_int64_t nombre = zip_get_num_entries(a.za, 0);
+    for (zip_int64_t i = 0; i < nombre; ++i) {
+        const QString hostile = EntreeHostile(a.za, static_cast<zip_uint64_t>(i));
+        if (!hostile.isEmpty()) {
+            Noter(routine, 15, hostile);
+            return false;
+        }
+    }
     const zip_int64_t index = zip_name_locate(a.za, NomFichier.toUtf8().constData(), ZIP_FL_NOCASE);
     zip_stat_t st;
     if (index < 0 || zip_stat_index(a.za, static_cast<zip_uint64_t>(index), 0, &st) != 0 ||
         !(st.valid & ZIP_STAT_SIZE)) {
         Noter(routine, 20, QStringLiteral("entrée absente : ") + NomFichier);
+        return false;
+    }
+    // Une entrée annoncée petite peut se gonfler à l'extraction : on compte ce qui sort.
+    const quint64 limite = std::min<quint64>(st.size, LimiteExtraction(QFileInfo(Archive).size()));
+    if (st.size > LimiteExtraction(QFileInfo(Archive).size())) {
+        Noter(routine, 25, QStringLiteral("entrée trop grosse pour l'archive : ") + NomFichier);
         return false;
     }
     zip_file_t* entree = zip_fopen_index(a.za, static_cast<zip_uint64_t>(index), 0);
@@ -117,6 +159,9 @@ bool UnZip(const QString& Archive, const QString& NomFichier, const QString& Des
             ok = false;
         } else if (lus == 0) {
             break;
+        } else if (total + static_cast<zip_uint64_t>(lus) > limite) {
+            Noter(routine, 45, QStringLiteral("entrée plus grosse qu'annoncé : ") + NomFichier);
+            ok = false;
         } else {
             total += static_cast<zip_uint64_t>(lus);
             ok = cible.write(tampon.constData(), lus) == lus;

@@ -13,7 +13,12 @@ void Zipper(const QString& Dossier, const QString& NomFichier, const QString& Ar
 // Extrait l'entrée NomFichier (casse ignorée) dans le dossier Destination, "." désignant
 // le dossier des données. Le fichier en place n'est remplacé qu'une fois l'entrée lue en
 // entier et contrôlée ; l'archive est ouverte en lecture seule. Vrai si tout s'est bien passé.
+// Une archive hostile est refusée sans rien écrire : une entrée au chemin absolu ou qui
+// remonte par "..", un lien symbolique, une entrée plus grosse que LimiteExtraction.
 bool UnZip(const QString& Archive, const QString& NomFichier, const QString& Destination);
+
+// Taille au-delà de laquelle une extraction s'arrête : dix fois l'archive, 2 Gio au plus.
+quint64 LimiteExtraction(qint64 tailleArchive);
 bool UnZipUnFichier(const QString& Archive, const QString& NomFichier);
 
 // Dernier message de la bibliothèque, avec son origine (diagnostic).

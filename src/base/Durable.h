@@ -5,3 +5,8 @@
 
 // fsync du dossier ; faux s'il ne peut pas être ouvert ou synchronisé.
 bool SynchroniserDossier(const QString& dossier);
+
+// Essaie d'écrire vraiment dans le dossier (un petit fichier créé, écrit, synchronisé puis
+// retiré) : les droits affichés ne disent rien quand le programme tourne en root, ni pour
+// un disque plein ou monté en lecture seule. Rend la raison du système, vide si tout va.
+QString EssayerEcriture(const QString& dossier);

@@ -1,7 +1,10 @@
 #include "chart/Ouverture.h"
 
 #include "session/Session.h"
+#include "store/Base.h"
 #include "store/Routines.h"
+
+#include <SQLiteCpp/Transaction.h>
 
 namespace {
 
@@ -52,6 +55,15 @@ void MajCumulsOuverture(const QString& numero, Montant ancien, Montant nouveau) 
     }
     if (Montant* poste = ChampPoste(k, c.Bilan)) *poste += ecart;
     MajConstante(cle, k);
+}
+
+void EnregistrerMontantOuverture(const QString& numero, Montant ancien, Montant nouveau,
+                                 const QString& collectif) {
+    SQLite::Transaction t(Base());
+    MajSoldeOuverture(numero, nouveau);
+    MajCumulsOuverture(numero, ancien, nouveau);
+    if (!collectif.isEmpty()) MajCollectif(collectif, ancien, nouveau);
+    t.commit();
 }
 
 void MajTotauxOuverture(Montant actif, Montant passif) {

@@ -175,12 +175,11 @@ ui::Grille::Validation Prembil::ValiderCellule(const Cote& cote, int ligne, QStr
     texte = Affiche(montant);
     EditionFaite = true;
     const QString n = cote.grille->Texte(ligne, 0).left(8).trimmed();
-    MajSoldeOuverture(n, montant);
-    MajCumulsOuverture(n, AncienMontant, montant);
+    EnregistrerMontantOuverture(n, AncienMontant, montant,
+                                n.left(2) == cote.prefixeTiers ? cote.collectif : QString());
     cote.grille->FixerDonneeCellule(ligne, 2, QVariant::fromValue(montant.dixMilliemes()));
     *cote.valeur = *cote.valeur - AncienMontant + montant;
     MontrerTotal(cote);
-    if (n.left(2) == cote.prefixeTiers) MajCollectif(cote.collectif, AncienMontant, montant);
     const int m = LireMenuCompte(n);
     const bool inverse = cote.classesInverses.contains(m);
     if (montant > Montant() && inverse)

@@ -1,6 +1,8 @@
 #include "companies/Demarrage.h"
 
 #include "backup/Recup.h"
+#include "backup/Restauration.h"
+#include "base/Durable.h"
 #include "base/Reglages.h"
 #include "base/Valeur.h"
 #include "companies/General.h"
@@ -8,6 +10,7 @@
 #include "session/FichierProfil.h"
 #include "session/Session.h"
 #include "store/Base.h"
+#include "store/ControleBase.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"
 #include "ui/Fin.h"
@@ -173,7 +176,18 @@ bool Demarrage(const QStringList& arguments) {
         ui::Boite(
             QStringLiteral("Maroval ne peut pas créer son dossier de données :\n%1").arg(donnees),
             QStringLiteral("Maroval"), ui::Icone::Critique);
-        return false;
+        ui::TerminerProgramme(1);
+    }
+    // Essayé avant toute saisie : mieux vaut le dire maintenant qu'à la première écriture.
+    const QString refus = EssayerEcriture(donnees);
+    if (!refus.isEmpty()) {
+        ui::Boite(QStringLiteral("Maroval ne peut pas écrire dans son dossier de données :\n\n"
+                                 "%1\n\n(%2)\n\nAucune écriture ne pourrait y être "
+                                 "enregistrée. Vérifiez que le disque est branché, qu'il n'est "
+                                 "ni plein ni protégé en écriture, puis relancez Maroval.")
+                      .arg(QDir::toNativeSeparators(donnees), refus),
+                  QStringLiteral("Maroval"), ui::Icone::Critique);
+        ui::TerminerProgramme(1);
     }
     s.DossierDonnees = donnees;
     if (!VerrouillerDossier(donnees)) return false;
@@ -188,6 +202,12 @@ bool Demarrage(const QStringList& arguments) {
         QStringLiteral("Avril"),   QStringLiteral("Mai"),      QStringLiteral("Juin"),
         QStringLiteral("Juillet"), QStringLiteral("Août"),     QStringLiteral("Septembre"),
         QStringLiteral("Octobre"), QStringLiteral("Novembre"), QStringLiteral("Décembre")};
+
+    // Une base abîmée ou étrangère n'est jamais ouverte en écriture : on propose la reprise.
+    const QString base = QDir(donnees).filePath(QStringLiteral("maroval.mdb"));
+    const DiagnosticBase diagnostic = ControlerBase(base);
+    if (diagnostic.etat == EtatBase::Endommagee || diagnostic.etat == EtatBase::Etrangere)
+        ProposerReprise(base, diagnostic);
 
     OuvrirBase(donnees);
     ViderJourCent();

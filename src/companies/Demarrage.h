@@ -17,7 +17,9 @@ EcransDemarrage& ecransDemarrage();
 EcransDemarrage EcransParDefaut();
 
 // La routine de démarrage ; arguments : ceux de la ligne de commande (le premier est le
-// programme). Rend faux quand le programme doit s'arrêter là.
+// programme). Rend faux quand le programme doit s'arrêter là ; un dossier des données où
+// l'on ne peut pas écrire, ou une base abîmée que l'utilisateur ne reprend pas, terminent
+// le programme avec le code 1 après leur boîte.
 bool Demarrage(const QStringList& arguments);
 
 // Rend le dossier des données à un autre Maroval (le verrou est aussi rendu à la fin du

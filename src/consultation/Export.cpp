@@ -86,8 +86,9 @@ FichierCsv::FichierCsv(const QString& chemin, const QString& separateur_)
     Ecrire(QByteArray("\xEF\xBB\xBF"));
 }
 
+// Un export interrompu (disque plein, erreur) laisse l'ancien fichier tel qu'il était.
 FichierCsv::~FichierCsv() {
-    if (fichier.isOpen()) fichier.close();
+    if (fichier.isOpen()) fichier.cancelWriting();
 }
 
 void FichierCsv::EcrireLigne(const QStringList& champs, bool guillemets) {
@@ -100,10 +101,9 @@ void FichierCsv::EcrireLigne(const QStringList& champs, bool guillemets) {
 
 void FichierCsv::Fermer() {
     if (!fichier.isOpen()) return;
-    if (!fichier.flush())
+    if (!fichier.commit())
         LeverErreurExecution(QStringLiteral("Le fichier « %1 » ne peut pas être écrit : %2")
                                  .arg(fichier.fileName(), fichier.errorString()));
-    fichier.close();
 }
 
 void FichierCsv::Ecrire(const QByteArray& octets) {

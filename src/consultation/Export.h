@@ -6,7 +6,7 @@
 
 #include "base/Montant.h"
 
-#include <QFile>
+#include <QSaveFile>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -42,7 +42,7 @@ public:
 
 private:
     void Ecrire(const QByteArray& octets);
-    QFile fichier;
+    QSaveFile fichier;
     QString separateur;
 };
 

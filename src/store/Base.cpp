@@ -1,6 +1,7 @@
 #include "store/Base.h"
 
 #include "store/Reference.h"
+#include "ui/Application.h"
 #include "ui/Fin.h"
 
 #include <QDir>
@@ -9,7 +10,9 @@
 #include <QHash>
 #include <QRegularExpression>
 #include <SQLiteCpp/Transaction.h>
+#include <cstring>
 #include <memory>
+#include <sqlite3.h>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -96,6 +99,47 @@ void OuvrirBase(const QString& dossierDonnees) {
     Reglages(*g_base);
     LireLargeurs(*g_base);
     ui::FixerFermetureBase([] { FermerBase(); });
+    ui::FixerDescriptionErreur(DescriptionErreurBase);
+}
+
+QString DescriptionErreurBase(const std::exception& erreur) {
+    const auto* e = dynamic_cast<const SQLite::Exception*>(&erreur);
+    if (!e) return QString();
+    QString quoi;
+    switch (e->getErrorCode() & 0xff) {
+    case SQLITE_FULL:
+        quoi = QStringLiteral("le disque est plein");
+        break;
+    case SQLITE_IOERR:
+        quoi = QStringLiteral("le disque a refusé une lecture ou une écriture");
+        break;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        quoi = QStringLiteral("le fichier est endommagé");
+        break;
+    case SQLITE_READONLY:
+        quoi = QStringLiteral("le fichier ou le disque est protégé en écriture");
+        break;
+    case SQLITE_CANTOPEN:
+        quoi = QStringLiteral("le fichier ne peut pas être ouvert");
+        break;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        quoi = QStringLiteral("le fichier est occupé par un autre programme");
+        break;
+    default:
+        return QString();
+    }
+    QString raison = QString::fromUtf8(e->what());
+    const int systeme = g_base ? sqlite3_system_errno(g_base->getHandle()) : 0;
+    if (systeme != 0)
+        raison += QStringLiteral(" ; ") + QString::fromLocal8Bit(std::strerror(systeme));
+    const QString fichier = g_chemin.isEmpty() ? QStringLiteral("maroval.mdb") : g_chemin;
+    return QStringLiteral("Maroval n'a pas pu enregistrer ou relire votre comptabilité dans le "
+                          "fichier :\n\n%1\n\nRaison : %2 (%3).\n\nL'opération en cours n'a "
+                          "pas été enregistrée ; ce qui l'était avant elle reste intact. "
+                          "Libérez de la place ou vérifiez le disque, puis relancez Maroval.")
+        .arg(QDir::toNativeSeparators(fichier), quoi, raison);
 }
 
 void FermerBase() {

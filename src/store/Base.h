@@ -16,6 +16,10 @@ void OuvrirBase(const QString& dossierDonnees);
 void FermerBase();
 QString CheminBase();
 
+// Texte français d'une erreur de la base : le fichier, ce qui s'est passé, la raison du
+// système, et ce que l'utilisateur retrouve. Vide pour une exception qui n'est pas de la base.
+QString DescriptionErreurBase(const std::exception& erreur);
+
 // Requête préparée gardée en cache, remise à zéro et prête à lier. Une même requête ne
 // doit pas servir à deux boucles imbriquées.
 SQLite::Statement& Requete(const std::string& sql);

@@ -9,6 +9,27 @@
 
 namespace ui {
 
+namespace {
+
+std::function<QString(const std::exception&)>& Descripteur() {
+    static std::function<QString(const std::exception&)> d;
+    return d;
+}
+
+} // namespace
+
+void FixerDescriptionErreur(std::function<QString(const std::exception&)> description) {
+    Descripteur() = std::move(description);
+}
+
+QString DescriptionErreur(const std::exception& erreur) {
+    if (Descripteur()) {
+        const QString texte = Descripteur()(erreur);
+        if (!texte.isEmpty()) return texte;
+    }
+    return QString::fromUtf8(erreur.what());
+}
+
 void SignalerErreurExecution(const QString& description) {
     static bool enCours = false;
     if (!enCours) {
@@ -28,7 +49,7 @@ int ExecuterSousGarde(const std::function<int()>& travail) {
     } catch (const FinProgramme& fin) {
         return fin.code;
     } catch (const std::exception& erreur) {
-        SignalerErreurExecution(QString::fromUtf8(erreur.what()));
+        SignalerErreurExecution(DescriptionErreur(erreur));
     } catch (...) {
         SignalerErreurExecution(QStringLiteral("Erreur inconnue"));
     }
@@ -51,7 +72,7 @@ bool Application::notify(QObject* objet, QEvent* evenement) {
     } catch (const FinProgramme&) {
         // Fin observée par un test : rien d'autre à faire.
     } catch (const std::exception& erreur) {
-        SignalerErreurExecution(QString::fromUtf8(erreur.what()));
+        SignalerErreurExecution(DescriptionErreur(erreur));
     } catch (...) {
         SignalerErreurExecution(QStringLiteral("Erreur inconnue"));
     }

@@ -19,6 +19,13 @@ void SignalerErreurExecution(const QString& description);
 // Rend le code du travail, ou celui de la fin demandée.
 int ExecuterSousGarde(const std::function<int()>& travail);
 
+// Texte de la boîte pour une exception : celui que la couche qui l'a levée sait donner
+// (la base nomme son fichier et la raison du système), sinon son what().
+QString DescriptionErreur(const std::exception& erreur);
+// Branché par la couche des données ; rend un texte vide pour une exception qu'elle ne
+// connaît pas.
+void FixerDescriptionErreur(std::function<QString(const std::exception&)> description);
+
 class Application : public QApplication {
     Q_OBJECT
 public:
