@@ -60,6 +60,9 @@ bool GarderACote(const QString& cible) {
         nom = NomBaseEndommagee(ui::Maintenant()) + QStringLiteral("-%1").arg(i);
     const QString garde = QDir(dossier).filePath(nom);
     if (QFileInfo::exists(cible) && !RenommerSansEcraser(cible, garde)) return false;
+    // Un journal vide n'a rien à garder ; plein, il porte peut-être les dernières écritures.
+    if (QFileInfo(cible + QStringLiteral("-wal")).size() == 0)
+        QFile::remove(cible + QStringLiteral("-wal"));
     if (QFileInfo::exists(cible + QStringLiteral("-wal")) &&
         !RenommerSansEcraser(cible + QStringLiteral("-wal"), garde + QStringLiteral("-wal")))
         return false;

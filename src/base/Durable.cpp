@@ -16,17 +16,42 @@ bool SynchroniserDossier(const QString& dossier) {
     return ok;
 }
 
+QString RaisonSysteme(int numero) {
+    switch (numero) {
+    case ENOSPC:
+        return QStringLiteral("le disque est plein");
+    case EDQUOT:
+        return QStringLiteral("votre quota d'espace disque est atteint");
+    case EROFS:
+        return QStringLiteral("le disque est en lecture seule");
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("l'accès est refusé");
+    case ENOENT:
+        return QStringLiteral("le dossier n'existe pas ou n'accepte aucun fichier");
+    case ENOTDIR:
+        return QStringLiteral("ce chemin n'est pas un dossier");
+    case EIO:
+        return QStringLiteral("le disque a signalé une erreur de lecture ou d'écriture");
+    case ENXIO:
+    case ENODEV:
+        return QStringLiteral("le disque n'est plus branché");
+    default:
+        return QString::fromLocal8Bit(std::strerror(numero));
+    }
+}
+
 QString EssayerEcriture(const QString& dossier) {
     const QByteArray modele = QFile::encodeName(dossier) + "/.maroval-essai-XXXXXX";
     QByteArray nom = modele;
     const int fd = ::mkstemp(nom.data());
-    if (fd < 0) return QString::fromLocal8Bit(std::strerror(errno));
+    if (fd < 0) return RaisonSysteme(errno);
     // Une page entière, comme la base en écrit : un disque plein refuse ici.
     const QByteArray page(4096, '\0');
     QString raison;
     if (::write(fd, page.constData(), static_cast<size_t>(page.size())) != page.size() ||
         ::fsync(fd) != 0)
-        raison = QString::fromLocal8Bit(std::strerror(errno));
+        raison = RaisonSysteme(errno);
     ::close(fd);
     ::unlink(nom.constData());
     return raison;

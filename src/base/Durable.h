@@ -10,3 +10,7 @@ bool SynchroniserDossier(const QString& dossier);
 // retiré) : les droits affichés ne disent rien quand le programme tourne en root, ni pour
 // un disque plein ou monté en lecture seule. Rend la raison du système, vide si tout va.
 QString EssayerEcriture(const QString& dossier);
+
+// La raison d'un échec du système en français pour les cas qu'un utilisateur rencontre
+// (disque plein, protégé, absent...), sinon le texte du système.
+QString RaisonSysteme(int numero);

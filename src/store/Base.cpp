@@ -1,5 +1,6 @@
 #include "store/Base.h"
 
+#include "base/Durable.h"
 #include "store/Reference.h"
 #include "ui/Application.h"
 #include "ui/Fin.h"
@@ -10,7 +11,6 @@
 #include <QHash>
 #include <QRegularExpression>
 #include <SQLiteCpp/Transaction.h>
-#include <cstring>
 #include <memory>
 #include <sqlite3.h>
 #include <stdexcept>
@@ -132,8 +132,7 @@ QString DescriptionErreurBase(const std::exception& erreur) {
     }
     QString raison = QString::fromUtf8(e->what());
     const int systeme = g_base ? sqlite3_system_errno(g_base->getHandle()) : 0;
-    if (systeme != 0)
-        raison += QStringLiteral(" ; ") + QString::fromLocal8Bit(std::strerror(systeme));
+    if (systeme != 0) raison += QStringLiteral(" ; ") + RaisonSysteme(systeme);
     const QString fichier = g_chemin.isEmpty() ? QStringLiteral("maroval.mdb") : g_chemin;
     return QStringLiteral("Maroval n'a pas pu enregistrer ou relire votre comptabilité dans le "
                           "fichier :\n\n%1\n\nRaison : %2 (%3).\n\nL'opération en cours n'a "

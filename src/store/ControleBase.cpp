@@ -109,15 +109,21 @@ DiagnosticBase ControlerBase(const QString& chemin, bool complet) {
         SQLite::Database db(QFile::encodeName(chemin).toStdString(), SQLite::OPEN_READONLY);
         SQLite::Statement controle(db, complet ? "PRAGMA integrity_check(20)"
                                                : "PRAGMA quick_check(20)");
-        QStringList defauts;
+        // Le contrôle rend "ok", ou des lignes techniques ; la première suffit au détail.
+        QString detail;
+        bool sain = true;
         while (controle.executeStep()) {
-            const QString ligne = QString::fromUtf8(controle.getColumn(0).getText());
-            if (ligne != QLatin1String("ok")) defauts << ligne;
+            const QString texte = QString::fromUtf8(controle.getColumn(0).getText());
+            if (texte == QLatin1String("ok")) continue;
+            sain = false;
+            for (const QString& ligne : texte.split(QLatin1Char('\n')))
+                if (detail.isEmpty() && !ligne.startsWith(QLatin1String("***")))
+                    detail = ligne.trimmed().left(80);
         }
-        if (!defauts.isEmpty()) {
+        if (!sain) {
             d.etat = EtatBase::Endommagee;
-            d.raison = QStringLiteral("le contrôle du fichier a trouvé des pages abîmées (%1)")
-                           .arg(defauts.first());
+            d.raison = QStringLiteral("des parties du fichier sont abîmées ; détail technique : %1")
+                           .arg(detail);
             return d;
         }
         const QString ecart = Ecart(db);
