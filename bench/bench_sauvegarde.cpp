@@ -5,6 +5,7 @@
 #include "backup/Restauration.h"
 #include "session/Session.h"
 #include "store/Base.h"
+#include "store/ControleBase.h"
 #include "store/Routines.h"
 #include "ui/Application.h"
 #include "ui/Boite.h"
@@ -77,6 +78,30 @@ int main(int argc, char** argv) {
     std::printf("Contrôle seul (intégrité et tables) : %lld ms %s\n",
                 static_cast<long long>(chrono.elapsed()),
                 controle.isEmpty() ? "(saine)" : "(REFUSÉE)");
+
+    // Le contrôle que paie chaque démarrage, face au PRAGMA seul sur une connexion simple.
+    const QString base = QDir(donnees).filePath("maroval.mdb");
+    chrono.restart();
+    const DiagnosticBase diagnostic = ControlerBase(base);
+    std::printf("Contrôle de la base au démarrage (quick_check et tables) : %lld ms %s\n",
+                static_cast<long long>(chrono.elapsed()),
+                diagnostic.etat == EtatBase::Saine ? "(saine)" : "(REFUSÉE)");
+    {
+        chrono.restart();
+        SQLite::Database db(base.toStdString(), SQLite::OPEN_READONLY);
+        SQLite::Statement q(db, "PRAGMA quick_check");
+        q.executeStep();
+        std::printf("PRAGMA quick_check seul (SQL simple) : %lld ms\n",
+                    static_cast<long long>(chrono.elapsed()));
+        chrono.restart();
+        SQLite::Statement i(db, "PRAGMA integrity_check");
+        i.executeStep();
+        std::printf("PRAGMA integrity_check seul (SQL simple) : %lld ms\n",
+                    static_cast<long long>(chrono.elapsed()));
+    }
+    std::printf("Taux de compression de l'archive : %.1f\n",
+                static_cast<double>(QFileInfo(base).size()) /
+                    static_cast<double>(QFileInfo(archive).size()));
 
     OuvrirBase(donnees);
     ui::RepondreBoite(ui::Reponse::OK);

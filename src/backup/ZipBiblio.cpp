@@ -73,7 +73,8 @@ QString EntreeHostile(zip_t* za, zip_uint64_t index) {
 
 quint64 LimiteExtraction(qint64 tailleArchive) {
     const quint64 plafond = quint64(2) << 30;
-    return std::min(plafond, quint64(std::max<qint64>(tailleArchive, 0)) * 10);
+    const quint64 plancher = quint64(32) << 20;
+    return std::min(plafond, std::max(plancher, quint64(std::max<qint64>(tailleArchive, 0)) * 10));
 }
 
 QString MessageZip() {
