@@ -58,6 +58,7 @@ bool EstFichierDeMaroval(const QString& dossier, const QString& chemin) {
 bool FabriquerArchive(const QString& dossier, const QString& chemin) {
     const QString partiel = chemin + QStringLiteral(".partiel");
     QFile::remove(partiel);
+    if (!BaseEnUnSeulFichier(dossier)) return false;
     try {
         Zipper(dossier, QStringLiteral("maroval.mdb"), partiel);
         Zipper(dossier, QStringLiteral("maroval.ini"), partiel);

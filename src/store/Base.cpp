@@ -154,6 +154,11 @@ void FermerBase() {
     g_chemin.clear();
 }
 
+bool BaseEnUnSeulFichier(const QString& dossierDonnees) {
+    const QFileInfo journal(QDir(dossierDonnees).filePath(QStringLiteral("maroval.mdb-wal")));
+    return !journal.exists() || journal.size() == 0;
+}
+
 SQLite::Statement& Requete(const std::string& sql) {
     auto& r = g_requetes[sql];
     if (!r) {

@@ -14,6 +14,10 @@ bool BaseOuverte();
 void OuvrirBase(const QString& dossierDonnees);
 // Ferme la base en la laissant en un seul fichier autonome.
 void FermerBase();
+// Vrai quand la base fermée de ce dossier tient entière dans maroval.mdb : son journal est
+// absent ou vide. Faux si la recopie du journal a échoué (disque plein, panne) : copier le
+// fichier seul donnerait alors des livres anciens ou abîmés.
+bool BaseEnUnSeulFichier(const QString& dossierDonnees);
 QString CheminBase();
 
 // Texte français d'une erreur de la base : le fichier, ce qui s'est passé, la raison du

@@ -1,0 +1,110 @@
+// Pannes du disque pendant une écriture, un montant du bilan d'ouverture et la copie d'un
+// plan entier : chaque accès au disque échoue tour à tour, et chaque redémarrage trouve une
+// base intègre, des livres qui se vérifient, l'état d'avant ou celui d'après.
+#include "support/BancPannes.h"
+#include "support/DisqueFautif.h"
+#include "support/DossierEssai.h"
+#include "support/ExerciceEssai.h"
+#include "support/LivresEssai.h"
+
+#include "chart/DonneesPlan.h"
+#include "chart/Ouverture.h"
+#include "posting/PasserEcriture.h"
+#include "store/Base.h"
+#include "ui/Application.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cstdio>
+
+using namespace support;
+
+namespace {
+
+void Rapporter(const char* operation, const BilanPannes& b) {
+    std::printf("%s : %d pannes essayées, %d rencontrées, %d redémarrages sur l'état d'avant, "
+                "%d sur celui d'après\n",
+                operation, b.points, b.survenues, b.etatAvant, b.etatApres);
+    for (const QString& e : b.echecs.mid(0, 10))
+        std::printf("  %s\n", qPrintable(e));
+}
+
+void Verifier(const char* operation, const BilanPannes& b) {
+    Rapporter(operation, b);
+    QVERIFY2(b.echecs.isEmpty(), qPrintable(b.echecs.join('\n')));
+    // Assez de pannes pour couvrir l'opération, et les deux issues rencontrées.
+    QVERIFY(b.points > 10);
+    QVERIFY(b.survenues > b.points / 2);
+    QVERIFY(b.etatAvant > 0);
+    QVERIFY(b.etatApres > 0);
+}
+
+} // namespace
+
+class TestPannesDisque : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { InstallerDisqueFautif(); }
+
+    void ecriturePassee() {
+        DossierEssai essai;
+        QTemporaryDir modele;
+        essai::OuvrirLivres(modele.path());
+        essai::Vente(essai::Euros(100), essai::Euros(20));
+        FermerBase();
+
+        Scenario s;
+        s.modele = modele.path();
+        s.ouvrir = [](const QString& d) { essai::ReprendreLivres(d); };
+        s.preparer = [] {
+            essai::ViderSaisie();
+            essai::Saisir(QStringLiteral("411001"), QStringLiteral("D"), essai::Euros(240));
+            essai::Saisir(QStringLiteral("707"), QStringLiteral("C"), essai::Euros(200));
+            essai::Saisir(QStringLiteral("44571"), QStringLiteral("C"), essai::Euros(40));
+        };
+        s.operation = [] { essai::Passer(); };
+        Verifier("Écriture passée", EssayerPannes(s));
+    }
+
+    void montantDuBilanDOuverture() {
+        DossierEssai essai;
+        QTemporaryDir modele;
+        essai::OuvrirLivres(modele.path());
+        essai::SoldeOuverture(QStringLiteral("512"), essai::Euros(300));
+        FermerBase();
+
+        Scenario s;
+        s.modele = modele.path();
+        s.ouvrir = [](const QString& d) { essai::ReprendreLivres(d); };
+        // Un client : son solde, les totaux de l'exercice et le collectif 410 ensemble.
+        s.operation = [] {
+            EnregistrerMontantOuverture(QStringLiteral("411001"), Montant(), essai::Euros(1250.5),
+                                        QStringLiteral("410"));
+        };
+        Verifier("Montant du bilan d'ouverture", EssayerPannes(s));
+    }
+
+    void copieDUnPlanEntier() {
+        DossierEssai essai;
+        QTemporaryDir modele;
+        essai::CreerExercice(modele.path(), QStringLiteral("20240101"));
+        FermerBase();
+
+        Scenario s;
+        s.modele = modele.path();
+        s.ouvrir = [](const QString& d) { essai::OuvrirSession(d); };
+        s.operation = [] {
+            const QList<plan::PlanStandard> plans = plan::LirePlansStandard();
+            plan::CopierComptes(essai::Cle, plan::ComptesDuPlanStandard(plans.first().numero), {});
+        };
+        Verifier("Copie d'un plan entier", EssayerPannes(s));
+    }
+};
+
+int main(int argc, char** argv) {
+    ui::Application application(argc, argv);
+    TestPannesDisque test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_pannes_disque.moc"
