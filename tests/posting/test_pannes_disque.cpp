@@ -12,6 +12,8 @@
 #include "posting/PasserEcriture.h"
 #include "store/Base.h"
 #include "ui/Application.h"
+#include "ui/Boite.h"
+#include "ui/Fin.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -82,6 +84,37 @@ private slots:
                                         QStringLiteral("410"));
         };
         Verifier("Montant du bilan d'ouverture", EssayerPannes(s));
+    }
+
+    // Hors du moteur, une panne arrive au gestionnaire de l'erreur d'exécution : une boîte
+    // en français qui nomme le fichier et la raison, puis une fin au code 1.
+    void panneDuDisque_boiteQuiNommeLeFichierEtLaRaison() {
+        DossierEssai essai;
+        essai::OuvrirLivres(essai.Chemin());
+        RemettreDisqueAZero();
+        ArmerPanne(Acces::Ecriture, 1, Panne::DisquePlein, true);
+        ui::RepondreBoite(ui::Reponse::OK);
+        const QString chemin = CheminBase();
+        const int code = ui::ExecuterSousGarde([] {
+            EnregistrerMontantOuverture(QStringLiteral("512"), Montant(), essai::Euros(10),
+                                        QString());
+            return 0;
+        });
+        RemettreDisqueAZero();
+        QCOMPARE(code, 1);
+        QCOMPARE(ui::JournalBoites().size(), 1);
+        const ui::EntreeJournal& b = ui::JournalBoites().first();
+        QCOMPARE(b.titre, QStringLiteral("Erreur d'exécution"));
+        QCOMPARE(b.icone, ui::Icone::Critique);
+        QVERIFY2(b.texte.startsWith("Maroval n'a pas pu enregistrer ou relire votre "
+                                    "comptabilité dans le fichier :\n\n" +
+                                    chemin + "\n\nRaison : le disque est plein ("),
+                 qPrintable(b.texte));
+        QVERIFY2(b.texte.contains("L'opération en cours n'a pas été enregistrée"),
+                 qPrintable(b.texte));
+        // Les livres sont ceux d'avant.
+        essai::ReprendreLivres(essai.Chemin());
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte WHERE NumCpt='512' AND Sde<>0"), 0);
     }
 
     void copieDUnPlanEntier() {
