@@ -23,23 +23,6 @@
 
 using namespace support;
 
-namespace {
-
-void Verifier(const char* operation, const BilanPannes& b, bool deuxIssues) {
-    std::printf("%s : %d pannes essayées, %d rencontrées, %d redémarrages sur l'état d'avant, "
-                "%d sur celui d'après\n",
-                operation, b.points, b.survenues, b.etatAvant, b.etatApres);
-    for (const QString& e : b.echecs.mid(0, 10))
-        std::printf("  %s\n", qPrintable(e));
-    QVERIFY2(b.echecs.isEmpty(), qPrintable(b.echecs.join('\n')));
-    QVERIFY(b.points > 10);
-    QVERIFY(b.survenues > b.points / 2);
-    QVERIFY(b.etatAvant > 0);
-    if (deuxIssues) QVERIFY(b.etatApres > 0);
-}
-
-} // namespace
-
 class TestPannesSauvegarde : public QObject {
     Q_OBJECT
 private slots:
@@ -87,7 +70,7 @@ private slots:
             ++archivesControlees;
             return QString();
         };
-        Verifier("Sauvegarde", EssayerPannes(s), false);
+        ExigerBilan("Sauvegarde", EssayerPannes(s), false);
         // Des pannes tombées après l'archive (réouverture de la base) : elle a été relue.
         std::printf("Archives laissées par une sauvegarde en panne et relues : %d\n",
                     archivesControlees - 1);
@@ -120,7 +103,7 @@ private slots:
             ui::RepondreBoite(ui::Reponse::OK);
             RestaurerArchive(archive);
         };
-        Verifier("Restauration", EssayerPannes(s), true);
+        ExigerBilan("Restauration", EssayerPannes(s), true);
     }
 };
 

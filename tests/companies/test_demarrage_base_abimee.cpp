@@ -30,11 +30,6 @@ using ui::Reponse;
 
 namespace {
 
-QByteArray Lire(const QString& chemin) {
-    QFile f(chemin);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<absent>");
-}
-
 void Ecrire(const QString& chemin, const QByteArray& octets) {
     QFile f(chemin);
     QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
@@ -73,7 +68,7 @@ class TestDemarrageBaseAbimee : public QObject {
 
     // Les dégâts d'un arrêt de courant ou d'un autre programme, sur la base préparée.
     void Abimer(const QString& genre) {
-        QByteArray o = Lire(Base_());
+        QByteArray o = essai::LireFichier(Base_());
         if (genre == "pages") {
             // Des pages du milieu écrasées : le fichier reste une base, mais plus saine.
             for (qsizetype i = o.size() / 2; i < o.size() / 2 + 12000; ++i)
@@ -169,7 +164,7 @@ private slots:
         QFETCH(QString, raison);
         PreparerBaseEtSauvegarde();
         Abimer(genre);
-        const QByteArray avant = Lire(Base_());
+        const QByteArray avant = essai::LireFichier(Base_());
         QVERIFY(ControlerBase(Base_()).etat != EtatBase::Saine);
 
         ui::RepondreBoite(Reponse::Annuler);
@@ -187,7 +182,7 @@ private slots:
         QVERIFY2(b.texte.contains("maroval.mdb.endommage-20261123-101500"), qPrintable(b.texte));
         QVERIFY(!BaseOuverte());
         // Le fichier n'a pas changé d'un octet, rien n'a été mis de côté ni effacé.
-        QCOMPARE(Lire(Base_()), avant);
+        QCOMPARE(essai::LireFichier(Base_()), avant);
         QVERIFY(FichiersGardes().isEmpty());
         QVERIFY(!QFile::exists(Base_() + "-wal") || QFileInfo(Base_() + "-wal").size() == 0);
     }
@@ -195,7 +190,7 @@ private slots:
     void reprise_derniereSauvegardeMiseEnPlaceEtBaseAbimeeGardee() {
         PreparerBaseEtSauvegarde();
         Abimer("pages");
-        const QByteArray abimee = Lire(Base_());
+        const QByteArray abimee = essai::LireFichier(Base_());
 
         ui::RepondreBoite(Reponse::Oui);
         ui::RepondreBoite(Reponse::OK);
@@ -204,7 +199,8 @@ private slots:
         QCOMPARE(ui::JournalBoites().size(), 2);
         QCOMPARE(ui::JournalBoites().last().texte, TexteRestaurationTerminee());
         QCOMPARE(FichiersGardes(), QStringList{"maroval.mdb.endommage-20261123-101500"});
-        QCOMPARE(Lire(dossier->Fichier("maroval.mdb.endommage-20261123-101500")), abimee);
+        QCOMPARE(essai::LireFichier(dossier->Fichier("maroval.mdb.endommage-20261123-101500")),
+                 abimee);
         QCOMPARE(ControlerBase(Base_(), true).etat, EtatBase::Saine);
         OuvrirBase(dossier->Chemin());
         QCOMPARE(essai::Compter("SELECT count(*) FROM Societe WHERE Nom='Boulangerie Martin'"), 1);
@@ -215,7 +211,7 @@ private slots:
         const QString autre = archives + QStringLiteral("/autre.sav");
         QVERIFY(QFile::copy(archives + "/hier.sav", autre));
         Abimer("entete");
-        const QByteArray abimee = Lire(Base_());
+        const QByteArray abimee = essai::LireFichier(Base_());
 
         ui::RepondreBoite(Reponse::Non);
         ui::RepondreFichier(autre);
@@ -223,7 +219,7 @@ private slots:
         QCOMPARE(Demarrer(), 0);
 
         QCOMPARE(ui::JournalBoites().last().texte, TexteRestaurationTerminee());
-        QCOMPARE(Lire(dossier->Fichier(FichiersGardes().value(0))), abimee);
+        QCOMPARE(essai::LireFichier(dossier->Fichier(FichiersGardes().value(0))), abimee);
         QCOMPARE(ControlerBase(Base_(), true).etat, EtatBase::Saine);
     }
 
@@ -233,7 +229,7 @@ private slots:
         PreparerBaseEtSauvegarde();
         Ecrire(archives + "/hier.sav", QByteArray("pas une archive"));
         Abimer("tronquee");
-        const QByteArray abimee = Lire(Base_());
+        const QByteArray abimee = essai::LireFichier(Base_());
 
         ui::RepondreBoite(Reponse::Oui);
         ui::RepondreBoite(Reponse::OK);
@@ -243,7 +239,7 @@ private slots:
         QCOMPARE(ui::JournalBoites().size(), 3);
         QCOMPARE(ui::JournalBoites().at(1).texte, TexteEchecRestauration());
         QCOMPARE(ui::JournalBoites().at(2).texte, ui::JournalBoites().at(0).texte);
-        QCOMPARE(Lire(Base_()), abimee);
+        QCOMPARE(essai::LireFichier(Base_()), abimee);
         QVERIFY(FichiersGardes().isEmpty());
         QVERIFY(!BaseOuverte());
     }
@@ -343,7 +339,7 @@ private slots:
         PreparerBaseEtSauvegarde();
         QFile::remove(CheminHistorique());
         Abimer("pages");
-        const QByteArray avant = Lire(Base_());
+        const QByteArray avant = essai::LireFichier(Base_());
         qputenv("MAROVAL_ESSAI_DOSSIER", QFile::encodeName(dossier->Chemin()));
         const support::ResultatFils fils = support::LancerFonctionEnFils("enfantBaseAbimee");
         qunsetenv("MAROVAL_ESSAI_DOSSIER");
@@ -353,7 +349,7 @@ private slots:
         QVERIFY2(fils.sortie.contains("avant\n"), qPrintable(fils.sortie));
         QVERIFY(!fils.sortie.contains("jamais"));
         QVERIFY(!fils.erreurs.contains("terminate"));
-        QCOMPARE(Lire(Base_()), avant);
+        QCOMPARE(essai::LireFichier(Base_()), avant);
     }
 };
 

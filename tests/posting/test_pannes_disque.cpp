@@ -21,28 +21,6 @@
 
 using namespace support;
 
-namespace {
-
-void Rapporter(const char* operation, const BilanPannes& b) {
-    std::printf("%s : %d pannes essayées, %d rencontrées, %d redémarrages sur l'état d'avant, "
-                "%d sur celui d'après\n",
-                operation, b.points, b.survenues, b.etatAvant, b.etatApres);
-    for (const QString& e : b.echecs.mid(0, 10))
-        std::printf("  %s\n", qPrintable(e));
-}
-
-void Verifier(const char* operation, const BilanPannes& b) {
-    Rapporter(operation, b);
-    QVERIFY2(b.echecs.isEmpty(), qPrintable(b.echecs.join('\n')));
-    // Assez de pannes pour couvrir l'opération, et les deux issues rencontrées.
-    QVERIFY(b.points > 10);
-    QVERIFY(b.survenues > b.points / 2);
-    QVERIFY(b.etatAvant > 0);
-    QVERIFY(b.etatApres > 0);
-}
-
-} // namespace
-
 class TestPannesDisque : public QObject {
     Q_OBJECT
 private slots:
@@ -65,7 +43,7 @@ private slots:
             essai::Saisir(QStringLiteral("44571"), QStringLiteral("C"), essai::Euros(40));
         };
         s.operation = [] { essai::Passer(); };
-        Verifier("Écriture passée", EssayerPannes(s));
+        ExigerBilan("Écriture passée", EssayerPannes(s));
     }
 
     void montantDuBilanDOuverture() {
@@ -83,7 +61,7 @@ private slots:
             EnregistrerMontantOuverture(QStringLiteral("411001"), Montant(), essai::Euros(1250.5),
                                         QStringLiteral("410"));
         };
-        Verifier("Montant du bilan d'ouverture", EssayerPannes(s));
+        ExigerBilan("Montant du bilan d'ouverture", EssayerPannes(s));
     }
 
     // Hors du moteur, une panne arrive au gestionnaire de l'erreur d'exécution : une boîte
@@ -130,7 +108,7 @@ private slots:
             const QList<plan::PlanStandard> plans = plan::LirePlansStandard();
             plan::CopierComptes(essai::Cle, plan::ComptesDuPlanStandard(plans.first().numero), {});
         };
-        Verifier("Copie d'un plan entier", EssayerPannes(s));
+        ExigerBilan("Copie d'un plan entier", EssayerPannes(s));
     }
 };
 

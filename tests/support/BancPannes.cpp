@@ -16,8 +16,10 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
+#include <cstdio>
 
 namespace support {
 
@@ -194,6 +196,19 @@ BilanPannes EssayerPannes(const Scenario& scenario) {
         }
     }
     return bilan;
+}
+
+void ExigerBilan(const char* operation, const BilanPannes& b, bool deuxIssues) {
+    std::printf("%s : %d pannes essayées, %d rencontrées, %d redémarrages sur l'état d'avant, "
+                "%d sur celui d'après\n",
+                operation, b.points, b.survenues, b.etatAvant, b.etatApres);
+    for (const QString& e : b.echecs.mid(0, 10))
+        std::printf("  %s\n", qPrintable(e));
+    QVERIFY2(b.echecs.isEmpty(), qPrintable(b.echecs.join('\n')));
+    QVERIFY(b.points > 10);
+    QVERIFY(b.survenues > b.points / 2);
+    QVERIFY(b.etatAvant > 0);
+    if (deuxIssues) QVERIFY(b.etatApres > 0);
 }
 
 } // namespace support

@@ -54,4 +54,9 @@ QString Redemarrer(const Scenario& scenario, const QString& dossier);
 
 BilanPannes EssayerPannes(const Scenario& scenario);
 
+// Imprime le bilan (une ligne par opération, les dix premiers échecs) et l'exige propre :
+// aucun échec, assez de pannes rencontrées, l'état d'avant vu, et celui d'après aussi quand
+// l'opération peut aboutir malgré une panne tardive.
+void ExigerBilan(const char* operation, const BilanPannes& bilan, bool deuxIssues = true);
+
 } // namespace support
