@@ -14,6 +14,7 @@
 #include "entry/SaisDC.h"
 #include "entry/Saislog.h"
 #include "ui/Boite.h"
+#include "yearend/Cloture.h"
 
 #include <QHash>
 #include <QStringList>
@@ -46,6 +47,7 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("ConsCpt"), &Ouvrir<ConsCpt>},
         {QStringLiteral("BilGraph"), &Ouvrir<BilGraph>},
         {QStringLiteral("Backup"), &Ouvrir<Backup>},
+        {QStringLiteral("Cloture"), &Ouvrir<Cloture>},
     };
 }
 
@@ -53,12 +55,11 @@ QHash<QString, Ouvreur> Livres() {
 // leur entrée prévient l'utilisateur.
 const QStringList& PasEncoreLivres() {
     static const QStringList noms = {
-        QStringLiteral("Editions"), QStringLiteral("Rappr"),    QStringLiteral("Cloture"),
-        QStringLiteral("Sauve"),    QStringLiteral("Restaure"), QStringLiteral("Analy0"),
-        QStringLiteral("Budget00"), QStringLiteral("budget03"), QStringLiteral("Budget04"),
-        QStringLiteral("Tresor00"), QStringLiteral("Tresor01"), QStringLiteral("Tresor02"),
-        QStringLiteral("Tresor03"), QStringLiteral("Tresor04"), QStringLiteral("Tresor05"),
-        QStringLiteral("Fiscalite")};
+        QStringLiteral("Editions"), QStringLiteral("Rappr"),    QStringLiteral("Sauve"),
+        QStringLiteral("Restaure"), QStringLiteral("Analy0"),   QStringLiteral("Budget00"),
+        QStringLiteral("budget03"), QStringLiteral("Budget04"), QStringLiteral("Tresor00"),
+        QStringLiteral("Tresor01"), QStringLiteral("Tresor02"), QStringLiteral("Tresor03"),
+        QStringLiteral("Tresor04"), QStringLiteral("Tresor05"), QStringLiteral("Fiscalite")};
     return noms;
 }
 

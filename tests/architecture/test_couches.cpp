@@ -37,6 +37,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"entry", {"chart", "consultation"}},
         {"consultation", {}},
         {"backup", {}},
+        {"yearend", {}},
     };
     return t;
 }
