@@ -32,14 +32,6 @@ using support::PiloteModal;
 
 namespace {
 
-bool ChoisirCompte(QWidget* e, const QString& numero) {
-    auto* g = e->findChild<ui::Grille*>(QStringLiteral("Tree1"));
-    for (int i = 0; i < g->NombreLignes(); ++i)
-        if (g->Texte(i, 0).trimmed() == numero) return support::CliquerCellule(g, i, 0, true);
-    support::SignalerEchec(QStringLiteral("Compte %1 absent").arg(numero));
-    return false;
-}
-
 int Lignes(const QString& chemin) {
     return static_cast<int>(LireFichier(chemin).count("\r\n"));
 }
@@ -53,39 +45,13 @@ class TestPremiereAnnee : public QObject {
     // Facture de vente par toute la chaîne de la saisie logique.
     static bool Vendre(const QString& date, int ht, int tva, const QString& libelle) {
         session().DateSaisieCourante = date;
-        PiloteModal p;
-        p.Attendre("Choisais", support::Cliquer("Command1"))
-            .Attendre("Saislog",
-                      [](QWidget* w) {
-                          support::ChoisirLigneListe(w, "List1", 0);
-                          support::ChoisirLigneListe(w, "List2", 0);
-                          support::CliquerBouton(w, "Command1");
-                      })
-            .Attendre("ChoixCpt",
-                      [](QWidget* w) {
-                          CliquerOption(w, "Option1");
-                          ChoisirCompte(w, "7071");
-                          CliquerOption(w, "Option2");
-                          ChoisirCompte(w, "445711");
-                          CliquerOption(w, "Option3");
-                          ChoisirCompte(w, "411");
-                          support::CliquerBouton(w, "Command3");
-                      })
-            .Attendre("SaisQuad",
-                      [=](QWidget* w) {
-                          TaperMontant(w, "7071", QString::number(ht));
-                          TaperMontant(w, "445711", QString::number(tva));
-                          TaperMontant(w, "411", QString::number(ht + tva));
-                          QTest::keyClicks(w->findChild<QLineEdit*>("Text2"), libelle);
-                          support::CliquerBouton(w, "Command1");
-                      })
-            .Attendre("ChoixCpt", support::Cliquer("Command7"));
-        p.Demarrer();
-        ecran::Choisais e;
-        e.FixerDebutChaine(true);
-        e.exec();
-        if (!p.Reussi()) qWarning("%s", qPrintable(p.Echec()));
-        return p.Reussi();
+        const QString echec = SaisirOperation(1, 1,
+                                              {{1, "7071", QString::number(ht)},
+                                               {2, "445711", QString::number(tva)},
+                                               {3, "411", QString::number(ht + tva)}},
+                                              libelle);
+        if (!echec.isEmpty()) qWarning("%s", qPrintable(echec));
+        return echec.isEmpty();
     }
 
     // Écriture en débits et crédits : "compte D|C montant" par ligne.

@@ -107,14 +107,6 @@ QStringList Menus() {
     return l;
 }
 
-bool ChoisirCompte(QWidget* e, const QString& numero) {
-    auto* g = e->findChild<ui::Grille*>(QStringLiteral("Tree1"));
-    for (int i = 0; i < g->NombreLignes(); ++i)
-        if (g->Texte(i, 0).trimmed() == numero) return support::CliquerCellule(g, i, 0, true);
-    support::SignalerEchec(QStringLiteral("Compte %1 absent de Tree1").arg(numero));
-    return false;
-}
-
 } // namespace
 
 class TestSaisQuadMenus : public QObject {
@@ -123,39 +115,12 @@ class TestSaisQuadMenus : public QObject {
 
     // La chaîne entière pour un menu ; rend les lignes passées (compte, sens, montant, journal).
     QStringList SaisirParLesEcrans(const MenuPrevu& m) {
-        const int famille = m.cle.left(1).toInt();
-        const int ligne = m.cle.mid(1, 1).toInt();
-        PiloteModal p;
-        p.Attendre("Choisais", support::Cliquer("Command1"))
-            .Attendre("Saislog",
-                      [&](QWidget* w) {
-                          support::ChoisirLigneListe(w, "List1", famille - 1);
-                          support::ChoisirLigneListe(w, "List2", ligne - 1);
-                          support::CliquerBouton(w, "Command1");
-                      })
-            .Attendre("ChoixCpt",
-                      [&](QWidget* w) {
-                          for (const LignePrevue& l : m.lignes) {
-                              CliquerOption(w, qPrintable(QStringLiteral("Option%1").arg(l.slot)));
-                              ChoisirCompte(w, l.numero);
-                          }
-                          support::CliquerBouton(w, "Command3");
-                      })
-            .Attendre("SaisQuad",
-                      [&](QWidget* w) {
-                          for (const LignePrevue& l : m.lignes)
-                              if (!TaperMontant(w, l.numero, QString::number(l.montant)))
-                                  support::SignalerEchec("Montant refusé pour " + l.numero);
-                          QTest::keyClicks(w->findChild<QLineEdit*>("Text2"),
-                                           QStringLiteral("Essai du menu ") + m.cle);
-                          support::CliquerBouton(w, "Command1");
-                      })
-            .Attendre("ChoixCpt", support::Cliquer("Command7"));
-        p.Demarrer();
-        ecran::Choisais e;
-        e.FixerDebutChaine(true);
-        e.exec();
-        if (!p.Reussi()) return {QStringLiteral("échec du pilote : ") + p.Echec()};
+        QList<CaseOperation> cases;
+        for (const LignePrevue& l : m.lignes)
+            cases.append({l.slot, l.numero, QString::number(l.montant)});
+        const QString echec = SaisirOperation(m.cle.left(1).toInt(), m.cle.mid(1, 1).toInt(), cases,
+                                              QStringLiteral("Essai du menu ") + m.cle);
+        if (!echec.isEmpty()) return {QStringLiteral("échec du pilote : ") + echec};
         QStringList l;
         SQLite::Statement q(Base(), "SELECT NumCptEcr, DCEcr, MntEcr, Journal FROM Ecriture "
                                     "WHERE LibEcr=? ORDER BY NumEcr");
