@@ -68,50 +68,6 @@ void Cliquer(QWidget& ecran, const char* nom) {
     QTest::mouseClick(Bouton(ecran, nom), Qt::LeftButton);
 }
 
-// Les totaux d'ouverture recalculés ici, ligne à ligne, depuis les comptes de l'exercice
-// suivant : ce que la passe doit avoir écrit.
-table::Constante TotauxAttendus() {
-    table::Constante k;
-    SQLite::Statement q(Base(), "SELECT NumCpt, ErCpt, Bilan, Sde, CumD, CumC, Solde FROM "
-                                "Compte WHERE CleCpt='012025'");
-    while (q.executeStep()) {
-        const QString numero = QString::fromUtf8(q.getColumn(0).getText());
-        const auto m = [&q](int i) {
-            return Montant::depuisDixMilliemes(q.getColumn(i).getInt64());
-        };
-        if (m(3).estNul() && m(4).estNul() && m(5).estNul()) continue;
-        if (!(numero < QLatin1String("59999999"))) continue;
-        if (numero == QLatin1String("400") || numero == QLatin1String("410")) continue;
-        if (QString::fromUtf8(q.getColumn(1).getText()) == QLatin1String("E1")) {
-            k.SDE1 += m(3);
-            k.E1 += m(6);
-        } else {
-            k.SDR1 += m(3);
-            k.R1 += m(6);
-        }
-        const QString b = QString::fromUtf8(q.getColumn(2).getText()).trimmed();
-        if (b == QLatin1String("SN")) k.SN += m(6);
-        if (b == QLatin1String("DAP")) k.DAP += m(6);
-        if (b == QLatin1String("BIENS")) k.BIENS += m(6);
-        if (b == QLatin1String("DAR")) k.DAR += m(6);
-        if (b == QLatin1String("MD")) k.MD += m(6);
-    }
-    return k;
-}
-
-void ComparerTotaux() {
-    const table::Constante a = TotauxAttendus(), n = Lue(Suivante);
-    QCOMPARE(n.SDE1, a.SDE1);
-    QCOMPARE(n.SDR1, a.SDR1);
-    QCOMPARE(n.E1, a.E1);
-    QCOMPARE(n.R1, a.R1);
-    QCOMPARE(n.SN, a.SN);
-    QCOMPARE(n.DAP, a.DAP);
-    QCOMPARE(n.BIENS, a.BIENS);
-    QCOMPARE(n.DAR, a.DAR);
-    QCOMPARE(n.MD, a.MD);
-}
-
 } // namespace
 
 class TestClotureTransfert : public QObject {
