@@ -1,6 +1,7 @@
 // Aide par numéro de contexte, index, page absente ; captures d'écran de la boîte et de
 // l'aide (fichiers PNG dans $MAROVAL_CAPTURES, sinon dans le dossier temporaire).
 #include "EcransEssai.h"
+#include "support/Captures.h"
 #include "support/DossierEssai.h"
 #include "support/PiloteModal.h"
 #include "ui/Aide.h"
@@ -32,24 +33,6 @@ QString TexteDeLaPage(const QString& chemin) {
     QTextDocument document;
     document.setHtml(QString::fromUtf8(page.readAll()));
     return document.toPlainText();
-}
-
-QString DossierCaptures() {
-    const QString dossier = qEnvironmentVariableIsSet("MAROVAL_CAPTURES")
-                                ? qEnvironmentVariable("MAROVAL_CAPTURES")
-                                : QDir::temp().filePath("maroval-captures");
-    QDir().mkpath(dossier);
-    return dossier;
-}
-
-// Une capture faite d'une seule couleur serait une fenêtre vide.
-bool ImageDessinee(const QImage& image) {
-    if (image.isNull()) return false;
-    const QRgb premier = image.pixel(0, 0);
-    for (int y = 0; y < image.height(); y += 3)
-        for (int x = 0; x < image.width(); x += 3)
-            if (image.pixel(x, y) != premier) return true;
-    return false;
 }
 
 } // namespace

@@ -3,10 +3,12 @@
 // budget, précision affichée, cas équilibré sans être définitif, transfert définitif et
 // clôture, jauge, et une passe interrompue à chaque écriture puis relancée.
 #include "EssaiCloture.h"
+#include "support/Captures.h"
 #include "support/DisqueFautif.h"
 #include "support/DossierEssai.h"
 #include "support/GardeBoites.h"
 #include "support/Outils.h"
+#include "support/PiloteModal.h"
 
 #include "posting/Verification.h"
 #include "session/Session.h"
@@ -298,6 +300,44 @@ private slots:
         QVERIFY(!Transferer({Reponse::Non, Reponse::OK}));
         QCOMPARE(essai::TextesBoites(), (QStringList{TexteDefinitif, TexteRappel}));
         QVERIFY(!Lue(Cle).ExerciceClos);
+    }
+
+    // L'écran avant, pendant (jauge) et après un transfert, et le message provisoire, tels
+    // qu'un utilisateur les voit.
+    void captures_avantPendantApresEtMessageProvisoire() {
+        Livres(true);
+        const QDir dossier(support::DossierCaptures());
+        ecran::Cloture ecran;
+        ecran.resize(560, 300);
+        ecran.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&ecran));
+        const QImage avant = ecran.grab().toImage();
+        QImage pendant, message;
+        connect(ecran.findChild<QProgressBar*>("Gauge1"), &QProgressBar::valueChanged, &ecran,
+                [&](int v) {
+                    if (v == 50) pendant = ecran.grab().toImage();
+                });
+        support::PiloteModal pilote;
+        pilote.AttendreBoite(TexteProvisoire, [&](QWidget* boite) {
+            message = boite->grab().toImage();
+            support::CliquerBouton(boite, "OK");
+        });
+        pilote.Demarrer();
+        Cliquer(ecran, "Command2");
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        ecran::Cloture apres;
+        apres.resize(560, 300);
+        apres.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&apres));
+        QVERIFY(!Bouton(apres, "Command1")->isEnabled());
+        const QImage image = apres.grab().toImage();
+        for (const auto& [nom, img] : {std::pair{"cloture-avant.png", avant},
+                                       {"cloture-pendant.png", pendant},
+                                       {"cloture-apres.png", image},
+                                       {"cloture-provisoire.png", message}}) {
+            QVERIFY2(support::ImageDessinee(img), nom);
+            QVERIFY(img.save(dossier.filePath(QString::fromLatin1(nom))));
+        }
     }
 
     // Une passe arrêtée à chaque écriture du disque laisse l'exercice suivant comme avant ;
