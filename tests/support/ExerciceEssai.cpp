@@ -83,9 +83,9 @@ void CliquerOption(QWidget* racine, const char* nom) {
     QTest::mouseClick(option, Qt::LeftButton, Qt::NoModifier, QPoint(6, option->height() / 2));
 }
 
-void CadreEssai::Ouvrir() {
+void CadreEssai::Ouvrir(bool avecExercice) {
     dossier = std::make_unique<support::DossierEssai>();
-    OuvrirExercice(*dossier);
+    if (avecExercice) OuvrirExercice(*dossier);
     garde = std::make_unique<GardeBoites>();
 }
 

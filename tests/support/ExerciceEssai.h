@@ -78,7 +78,8 @@ struct CadreEssai {
     std::unique_ptr<support::DossierEssai> dossier;
     std::unique_ptr<GardeBoites> garde;
 
-    void Ouvrir();
+    // Sans exercice : le dossier et la garde seuls, l'essai pose ses propres livres.
+    void Ouvrir(bool avecExercice = true);
     // Les écrans de l'essai sont déjà détruits.
     void Fermer();
 };

@@ -3,7 +3,7 @@
 // Constante un an plus tard, les sections, et la dernière question.
 #include "EssaiCloture.h"
 #include "support/DossierEssai.h"
-#include "support/GardeBoites.h"
+#include "support/ExerciceEssai.h"
 #include "support/Outils.h"
 
 #include "session/Session.h"
@@ -43,12 +43,11 @@ QPushButton* Bouton(QWidget& ecran, const char* nom) {
 
 class TestCloturePlan : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<essai::GardeBoites> garde;
+    essai::CadreEssai cadre;
 
     // Décembre : le dernier mois de l'exercice 2024.
     void Livres(const QString& date = QStringLiteral("31/12/2024")) {
-        essai::OuvrirLivres(dossier->Chemin(), date);
+        essai::OuvrirLivres(cadre.dossier->Chemin(), date);
         Constante(Cle, [](table::Constante& k) { k.OuvertureClos = true; });
     }
 
@@ -60,17 +59,8 @@ class TestCloturePlan : public QObject {
     }
 
 private slots:
-    void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        garde = std::make_unique<essai::GardeBoites>();
-    }
-    void cleanup() {
-        QCOMPARE(garde->inattendues, QStringList());
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
-        garde.reset();
-        FermerBase();
-        dossier.reset();
-    }
+    void init() { cadre.Ouvrir(false); }
+    void cleanup() { cadre.Fermer(); }
 
     void ouverture_nouveauPCSuitLaBase() {
         Livres();

@@ -6,7 +6,7 @@
 #include "support/Captures.h"
 #include "support/DisqueFautif.h"
 #include "support/DossierEssai.h"
-#include "support/GardeBoites.h"
+#include "support/ExerciceEssai.h"
 #include "support/Outils.h"
 #include "support/PiloteModal.h"
 
@@ -74,12 +74,11 @@ void Cliquer(QWidget& ecran, const char* nom) {
 
 class TestClotureTransfert : public QObject {
     Q_OBJECT
-    std::unique_ptr<support::DossierEssai> dossier;
-    std::unique_ptr<essai::GardeBoites> garde;
+    essai::CadreEssai cadre;
 
     // Exercice 2024 au 31 décembre, ouverture équilibrée (banque et capital), plan suivant.
     void Livres(bool avecVente, bool plan = true) {
-        essai::OuvrirLivres(dossier->Chemin(), QStringLiteral("31/12/2024"));
+        essai::OuvrirLivres(cadre.dossier->Chemin(), QStringLiteral("31/12/2024"));
         Constante(Cle, [](table::Constante& k) {
             k.OuvertureClos = true;
             k.DateSaisie = "20241231";
@@ -106,17 +105,8 @@ class TestClotureTransfert : public QObject {
     }
 
 private slots:
-    void init() {
-        dossier = std::make_unique<support::DossierEssai>();
-        garde = std::make_unique<essai::GardeBoites>();
-    }
-    void cleanup() {
-        QCOMPARE(garde->inattendues, QStringList());
-        QCOMPARE(ui::ReponsesEnAttente(), 0);
-        garde.reset();
-        FermerBase();
-        dossier.reset();
-    }
+    void init() { cadre.Ouvrir(false); }
+    void cleanup() { cadre.Fermer(); }
 
     void sansPlan_messageRienEcritJaugeJamaisMontree() {
         Livres(true, false);
@@ -368,7 +358,7 @@ private slots:
             essai::ReprendreLivres(d, QStringLiteral("31/12/2024"));
         };
         support::InstallerDisqueFautif();
-        ouvrir(dossier->Chemin());
+        ouvrir(cadre.dossier->Chemin());
         const QStringList avant = ExerciceSuivant();
         support::RemettreDisqueAZero();
         cloture::TransfererSoldes(Cle, Suivante, {});
@@ -379,7 +369,7 @@ private slots:
 
         int arrets = 0;
         for (int rang = 1; rang <= ecritures; ++rang) {
-            ouvrir(dossier->Chemin());
+            ouvrir(cadre.dossier->Chemin());
             support::RemettreDisqueAZero();
             support::ArmerPanne(support::Acces::Ecriture, rang, support::Panne::ErreurDisque, true);
             try {
@@ -392,7 +382,7 @@ private slots:
             } catch (...) {
             }
             support::RemettreDisqueAZero();
-            essai::ReprendreLivres(dossier->Chemin(), QStringLiteral("31/12/2024"));
+            essai::ReprendreLivres(cadre.dossier->Chemin(), QStringLiteral("31/12/2024"));
             const QStringList apresArret = ExerciceSuivant();
             QVERIFY2(apresArret == avant || apresArret == reference,
                      qPrintable(QString::number(rang)));
@@ -406,7 +396,7 @@ private slots:
             "passe), puis relancé\n",
             ecritures, arrets);
         QVERIFY(arrets > 0);
-        essai::ReprendreLivres(dossier->Chemin());
+        essai::ReprendreLivres(cadre.dossier->Chemin());
     }
 };
 
