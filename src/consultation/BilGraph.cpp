@@ -55,9 +55,9 @@ void BilGraph::Refuser(const QString& premiere, const QString& raison) {
     ui->Frame3->hide();
 }
 
-void BilGraph::Empiler(const QList<Part>& pile, double total) {
+void BilGraph::Empiler(const QList<Tranche>& pile, double total) {
     double haut = HautPile;
-    for (const Part& p : pile) {
+    for (const Tranche& p : pile) {
         if (p.jauge->isHidden()) continue;
         const double hauteur = Valeur(p.montant) * (HauteurPile / total);
         p.jauge->setProperty("Haut", haut);

@@ -41,13 +41,13 @@ public slots:
     void Command2_Click();
 
 private:
-    struct Part {
+    struct Tranche {
         QProgressBar* jauge;
         Montant montant;
         QLabel* etiquette; // nullptr : pas d'étiquette propre
     };
     // Empile les jauges visibles depuis HautPile ; hauteur = montant × (2500 / total).
-    static void Empiler(const QList<Part>& pile, double total);
+    static void Empiler(const QList<Tranche>& pile, double total);
     void Refuser(const QString& premiere, const QString& raison);
 
     std::unique_ptr<Ui::BilGraph> ui;

@@ -79,6 +79,29 @@ private slots:
                      .estRefus());
     }
 
+    // Le test des plages seul, sans le champ ni sa perte de focus : comparaisons de textes,
+    // donc 7991 est au-delà de "799" et 79 en deçà.
+    void controle_plagesDesNumerosTapes_data() {
+        QTest::addColumn<QString>("numero");
+        QTest::addColumn<bool>("admis");
+        for (const char* n : {"100", "698", "70012345", "79", "799", "5999"})
+            QTest::newRow(n) << QString::fromLatin1(n) << true;
+        for (const char* n : {"699", "69912", "69999999", "7991", "80", "10", "1", "099"})
+            QTest::newRow(n) << QString::fromLatin1(n) << false;
+    }
+    void controle_plagesDesNumerosTapes() {
+        QFETCH(QString, numero);
+        QFETCH(bool, admis);
+        const plan::Refus r = plan::ControlerCompteTape(false, numero, QStringLiteral("Essai"));
+        if (admis) {
+            QVERIFY2(!r.estRefus(), qPrintable(r.texte));
+        } else {
+            QCOMPARE(r.texte, QStringLiteral("Les numéros de compte sont compris entre 100..... et "
+                                             "799....."));
+            QCOMPARE(r.champ, plan::Champ::Numero);
+        }
+    }
+
     void creation_horsPlanCoteDemandeEtDoublon() {
         plan::Refus r = plan::CreerCompteTape(Cle, QStringLiteral("103"), QStringLiteral("X"),
                                               QStringLiteral("NN"), plan::Cote::Aucun);

@@ -97,6 +97,19 @@ private slots:
         QCOMPARE(LireCpt("400").Sde, Euros(700));
         QCOMPARE(Constante().SDE1, Euros(9400));
         QCOMPARE(Constante().SDR1, Euros(9400));
+        // Les comptes que seul le bilan d'ouverture a touchés : aucun mouvement, le solde est
+        // le solde de début ; un compte jamais touché est à zéro partout.
+        const QList<QPair<QString, Montant>> ouverts = {
+            {"512", Euros(5000)},   {"2182", Euros(3000)}, {"370", Euros(800)},
+            {"28182", Euros(-600)}, {"164", Euros(2000)},  {"101", Euros(6700)},
+            {"2183", Montant()}};
+        for (const auto& [numero, sde] : ouverts) {
+            QVERIFY2(CompteExiste(numero), qPrintable(numero));
+            const table::Compte c = LireCpt(numero);
+            QVERIFY2(c.CumD.estNul() && c.CumC.estNul(), qPrintable(numero));
+            QCOMPARE(c.Sde, sde);
+            QCOMPARE(c.Solde, c.Sde);
+        }
 
         // Relu : consultation seule, les montants sont là.
         {

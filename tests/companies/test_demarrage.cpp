@@ -8,6 +8,7 @@
 #include "support/TextesReprise.h"
 
 #include "base/Reglages.h"
+#include "chart/DonneesPlan.h"
 #include "companies/Demarrage.h"
 #include "posting/Securite.h"
 #include "session/FichierProfil.h"
@@ -118,6 +119,34 @@ private slots:
         QCOMPARE(session().Decimales, QStringLiteral("0.00"));
         QCOMPARE(session().FormatMontant, QStringLiteral("### ### ### ##0.00 E"));
         QCOMPARE(session().TauxConversion, 1.0);
+    }
+
+    // maroval.ini retiré après le premier démarrage : chaque lecture du programme prend sa
+    // valeur par défaut, sans recréer le fichier.
+    void configurationRetireeApresDemarrage_defautsDuProgramme() {
+        QVERIFY(Demarrage({"maroval"}));
+        QVERIFY(QFile::remove(dossier->Fichier("maroval.ini")));
+        PoserImages();
+        session().SymboleMonnaie = "X";
+        session().ModeDebug = true;
+        MajFormatMontant(4);
+
+        LireConfiguration();
+        QCOMPARE(session().SymboleMonnaie, QStringLiteral("E")); // SymbEu
+        QCOMPARE(session().Decimales, QStringLiteral("0.00"));   // NbDecimales
+        QCOMPARE(session().FormatMontant, QStringLiteral("### ### ### ##0.00 E"));
+        QVERIFY(!session().ModeDebug); // Debug
+        ordre.clear();
+        DeciderMarqueur(); // Erreur : "0"
+        QVERIFY(ordre.isEmpty());
+        QVERIFY(ui::JournalBoites().isEmpty());
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='000000'"), 0);
+        QCOMPARE(essai::Compter("SELECT count(*) FROM Constante WHERE CleCon='000000'"), 0);
+        const MarqueurLu m = LireMarqueur();
+        QCOMPARE(m.cle, QString());                            // CleCpt
+        QCOMPARE(m.derNum, 0.0);                               // Dernum
+        QCOMPARE(plan::PlanRetenu(1), QStringLiteral("0000")); // PlanChoisi
+        QVERIFY(!QFile::exists(dossier->Fichier("maroval.ini")));
     }
 
     void nbDecimalesZeroOuNegatif_donneZero() {

@@ -47,6 +47,24 @@ struct LivresTroisGroupes {
     }
 };
 
+// Livres aux plus petits groupes : deux lignes au début (1-2), une vente (3-5), deux lignes
+// encore (6-7) à la fin.
+inline void LivresGroupesDeDeux(LivresTroisGroupes& livres) {
+    livres.Fermer();
+    livres.dossier = std::make_unique<support::DossierEssai>();
+    OuvrirLivres(livres.dossier->Chemin());
+    for (int i = 0; i < 3; ++i) {
+        if (i == 1) {
+            Vente(Euros(10), Euros(2));
+            continue;
+        }
+        ViderSaisie();
+        Saisir(QStringLiteral("512"), QStringLiteral("D"), Euros(5 + i));
+        Saisir(QStringLiteral("411001"), QStringLiteral("C"), Euros(5 + i));
+        Passer();
+    }
+}
+
 // Ligne de Tree1 qui montre ce numéro.
 inline int LigneDuNumero(ui::Grille* g, int numero) {
     return g->ChercherTexte(0, QString::number(numero));

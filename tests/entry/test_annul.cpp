@@ -116,6 +116,24 @@ private slots:
         QCOMPARE(Numeros(t2), (QList<int>{1, 2, 3}));
     }
 
+    // Le plus petit groupe possible, deux lignes, au début comme à la fin du journal : cliqué
+    // sur l'une ou l'autre, la recherche rend les deux.
+    void groupesDeDeuxLignes_cliquesSurChacune() {
+        annul.reset();
+        LivresGroupesDeDeux(livres);
+        Ouvrir(9);
+        for (const auto& [clic, debut, fin] :
+             {std::tuple{1, 1, 2}, {2, 1, 2}, {6, 6, 7}, {7, 6, 7}, {3, 3, 5}}) {
+            CliquerNumero(t1, clic);
+            QCOMPARE(annul->NumDebutGroupe, debut);
+            QCOMPARE(annul->NumFinGroupe, fin);
+            QList<int> attendus;
+            for (int n = debut; n <= fin; ++n)
+                attendus << n;
+            QCOMPARE(Numeros(t2), attendus);
+        }
+    }
+
     void contrePasserSansGroupe_message() {
         Ouvrir(13);
         const QStringList avant = VidageTable("wSaisie");

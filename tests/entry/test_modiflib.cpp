@@ -67,6 +67,23 @@ private slots:
         QVERIFY(!command2->isEnabled());
     }
 
+    // Le plus petit groupe possible, deux lignes : cliqué sur l'une ou l'autre.
+    void groupesDeDeuxLignes_cliquesSurChacune() {
+        modif.reset();
+        LivresGroupesDeDeux(livres);
+        modif = std::make_unique<ecran::ModifLib>();
+        t1 = modif->findChild<ui::Grille*>("Tree1");
+        t2 = modif->findChild<ui::Grille*>("Tree2");
+        text1 = modif->findChild<QLineEdit*>("Text1");
+        modif->show();
+        QTRY_COMPARE(t1->NombreLignes(), 9);
+        for (const auto& [clic, debut] : {std::pair{1, 1}, {2, 1}, {6, 6}, {7, 6}}) {
+            CliquerNumero(t1, clic);
+            QCOMPARE(Numeros(t2), (QList<int>{debut, debut + 1}));
+            QCOMPARE(text1->text(), QStringLiteral("Essai 512"));
+        }
+    }
+
     void clicSurSeparateur_message() {
         Ouvrir();
         ui::RepondreBoite(ui::Reponse::OK);

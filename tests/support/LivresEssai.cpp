@@ -43,7 +43,8 @@ void FiltreEssai() {
         {"600", "609ZZZZZ", "Achats", "E2", "CONS", "0", "400"},
         {"61", "67ZZZZZZ", "Autres charges", "E2", "CONS", "0", "490"},
         {"699", "699ZZZZZ", "Compte pour résultat positif", "E2", "CONS", "0", "525"},
-        {"70", "79ZZZZZZ", "Produits", "R2", "ACTI", "0", "600"},
+        // Plages sans chevauchement, comme les règles livrées : 799 n'est pas un produit.
+        {"70", "798ZZZZZ", "Produits", "R2", "ACTI", "0", "600"},
         {"799", "799ZZZZZ", "Compte pour résultat négatif", "R2", "ACTI", "0", "625"},
     });
 }

@@ -16,6 +16,7 @@
 #include "chart/Ouverture.h"
 #include "companies/General.h"
 #include "companies/Societe.h"
+#include "consultation/BilGraph.h"
 #include "consultation/Bilan.h"
 #include "posting/Verification.h"
 #include "session/Session.h"
@@ -119,6 +120,16 @@ private slots:
                  QString());
         QVERIFY(Lue(Cle).Resultat.estNul());
         QVERIFY(Verification());
+        // Le bilan graphique le dit : plus de résultat debout, il est dans la situation nette.
+        {
+            ecran::BilGraph graphique;
+            graphique.show();
+            QCOMPARE(Texte(&graphique, "Label31"),
+                     QStringLiteral("Votre résultat a été affecté à la situation nette"));
+            QVERIFY(graphique.findChild<QWidget*>("GRN")->isHidden());
+            QVERIFY(graphique.findChild<QWidget*>("GRP")->isHidden());
+            QVERIFY(Texte(&graphique, "Label29").isEmpty());
+        }
         QString gauche, droite;
         {
             ecran::Bilan bilan;
