@@ -38,6 +38,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"consultation", {}},
         {"backup", {}},
         {"yearend", {}},
+        {"reports", {}},
     };
     return t;
 }
