@@ -29,9 +29,7 @@ QStringList TitresBalance() {
 
 // Colonne du solde : 5 (débit) ou 6 (crédit), selon le côté naturel du compte et le signe.
 int ColonneSolde(const QString& erCpt, Montant solde) {
-    const bool actif = erCpt.startsWith(u'E');
-    const bool positif = solde >= Montant();
-    return actif == positif ? 5 : 6;
+    return comptes::SoldeDebiteur(erCpt, solde) ? 5 : 6;
 }
 
 // Les montants à droite.

@@ -5,6 +5,10 @@
 
 namespace comptes {
 
+bool SoldeDebiteur(const QString& erCpt, Montant solde) {
+    return erCpt.startsWith(u'E') == (solde >= Montant());
+}
+
 namespace {
 
 const char* Condition(Rubrique r) {

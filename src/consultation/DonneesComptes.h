@@ -26,6 +26,9 @@ std::vector<Compte> DeLaBalance(Portee portee);
 // Comptes dans l'ordre de création, tous ou ceux d'une rubrique.
 std::vector<Compte> ParCreation();
 std::vector<Compte> DeLaRubrique(Rubrique rubrique);
+// Côté du solde dans une balance : débiteur quand il va dans le sens naturel d'un compte
+// d'actif ou de charge (codes en E), ou à contresens d'un compte de passif ou de produit.
+bool SoldeDebiteur(const QString& erCpt, Montant solde);
 // Somme exacte des soldes d'une rubrique.
 Montant SommeSoldes(Rubrique rubrique);
 

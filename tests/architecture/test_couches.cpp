@@ -38,7 +38,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"consultation", {}},
         {"backup", {}},
         {"yearend", {}},
-        {"reports", {}},
+        {"reports", {"consultation"}},
     };
     return t;
 }
