@@ -21,6 +21,21 @@ Document EtatBalance(const QString& code);
 // l'exercice ; totaux de TotauxJournal.
 Document EtatJournal(const QString& code, int mois);
 
+// Grand livre (compte vide) ou édition d'un compte : un groupe par compte (solde de début,
+// lignes, total du compte), reports de page, puis les totaux de TotauxBalance("G").
+Document EtatGrandLivre(const QString& compte);
+
+// Journal centralisateur : JourCent (à remplir d'abord), un groupe par journal, son total
+// annuel (CRTDJG, CRTCJG… tirés de l'exercice).
+Document EtatJourCent();
+
+// Bilan ("B", ACTIF / PASSIF) ou compte de résultat ("R", CHARGES / PRODUITS) : Wbilan (à
+// remplir d'abord), les deux colonnes côte à côte et leurs totaux.
+Document EtatResulBilan(const QString& code);
+
+// Plan comptable : tous les comptes de l'exercice, même sans montant.
+Document EtatPlan();
+
 // Titre d'un journal, suivi du nom du mois quand un mois est choisi.
 QString TitreJournal(const QString& code, int mois);
 

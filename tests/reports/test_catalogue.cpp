@@ -6,6 +6,7 @@
 
 #include "posting/Verification.h"
 #include "reports/Catalogue.h"
+#include "reports/DonneesEtats.h"
 #include "reports/Peintre.h"
 #include "session/Session.h"
 #include "ui/Application.h"
@@ -118,6 +119,114 @@ private slots:
         QCOMPARE(debit, Euros(60));
         QCOMPARE(mars.lignes.back().cellules.mid(5), (QStringList{"60,00", "60,00"}));
         QVERIFY(EtatJournal("I", 0).lignes.size() == 1); // les totaux seuls
+    }
+
+    void grandLivre_groupesSoldesCourantsEtTotaux() {
+        const Document d = EtatGrandLivre(QString());
+        QCOMPARE(d.titre, QStringLiteral("GRAND LIVRE"));
+        QStringList comptes;
+        for (const QString& t : Cellules(d, 3, Genre::EnTeteGroupe))
+            comptes << t.section(' ', 0, 0);
+        // Les collectifs 400 et 410 restent hors du livre, les tiers y sont.
+        QCOMPARE(comptes,
+                 (QStringList{"101", "401001", "411001", "44566", "44571", "512", "607", "707"}));
+        // Dans chaque groupe, le solde courant finit sur le solde du compte, et les colonnes
+        // débit et crédit font les cumuls du compte.
+        QString numero;
+        Montant debit, credit;
+        QString dernierSolde;
+        for (const Ligne& l : d.lignes) {
+            if (l.genre == Genre::EnTeteGroupe) {
+                numero = l.cellules[3].section(' ', 0, 0);
+                debit = credit = Montant();
+            } else if (l.genre == Genre::Detail) {
+                debit += MontantDepuisTexte(l.cellules[4]);
+                credit += MontantDepuisTexte(l.cellules[5]);
+                dernierSolde = l.cellules[6];
+            } else if (l.genre == Genre::TotalGroupe) {
+                const table::Compte c = essai::LireCpt(numero);
+                QCOMPARE(l.cellules[3], QStringLiteral("Total du compte ") + numero);
+                QCOMPARE(dernierSolde, TexteMontant(c.Solde));
+                QCOMPARE(l.cellules[6], TexteMontant(c.Solde));
+                QCOMPARE(debit, c.CumD.abs());
+                QCOMPARE(credit, c.CumC.abs());
+            }
+        }
+        Montant td, tc, sd, sc;
+        TotauxBalance("G", td, tc, sd, sc);
+        const Ligne& soldes = d.lignes.back();
+        QCOMPARE(soldes.cellules.mid(4, 2), (QStringList{TexteMontant(sd), TexteMontant(sc)}));
+
+        const Document un = EtatGrandLivre(QStringLiteral("512"));
+        QCOMPARE(un.titre, QStringLiteral("EDITION D'UN COMPTE"));
+        QCOMPARE(Cellules(un, 3, Genre::EnTeteGroupe).size(), 1);
+        QVERIFY(Cellules(un, 3, Genre::EnTeteGroupe).first().startsWith("512  Banque"));
+        QCOMPARE(Cellules(un, 0).size(), 2); // solde de début et le règlement
+    }
+
+    void journalCentralisateur_moisParJournalEtTotauxAnnuels() {
+        QList<int> jauge;
+        etats::RemplirJourCent(essai::Cle, session().NomsMois, [&](int v) { jauge << v; });
+        QCOMPARE(jauge, (QList<int>{10, 20, 30, 40, 50, 60}));
+        const std::vector<etats::LigneJourCent> lignes = etats::LireJourCent();
+        QCOMPARE(lignes.size(), std::size_t(72));
+        QCOMPARE(lignes.front().journal, QStringLiteral("Journal Général"));
+        QCOMPARE(lignes.front().mois, QStringLiteral("Janvier"));
+        QCOMPARE(lignes[12].journal, QStringLiteral("Journal des Ventes"));
+        QCOMPARE(lignes[12 + 2].mois, QStringLiteral("Mars"));
+        Montant debit, credit;
+        TotauxJournal("V", debit, credit, 3);
+        QCOMPARE(lignes[12 + 2].debit, debit);
+        QCOMPARE(lignes[12 + 2].credit, credit);
+
+        const Document d = EtatJourCent();
+        QCOMPARE(d.titre, QStringLiteral("JOURNAL CENTRALISATEUR"));
+        QCOMPARE(Cellules(d, 0, Genre::EnTeteGroupe),
+                 (QStringList{"Journal Général", "Journal des Ventes", "Journal des Achats",
+                              "Journal de Trésorerie", "Journal des Opérations Diverses",
+                              "Journal d'Inventaire"}));
+        const QStringList totaux = Cellules(d, 2, Genre::TotalGroupe);
+        const QStringList codes = {"*", "V", "A", "T", "D", "I"};
+        for (int i = 0; i < codes.size(); ++i) {
+            TotauxJournal(codes[i], debit, credit, 0);
+            QCOMPARE(totaux[i], TexteMontant(debit));
+        }
+        // Relancé, le centralisateur ne double rien.
+        etats::RemplirJourCent(essai::Cle, session().NomsMois, {});
+        QCOMPARE(etats::LireJourCent().size(), std::size_t(72));
+    }
+
+    // Plus de passif que d'actif : toutes les lignes, la gauche vide en bas.
+    void bilan_deuxColonnesCoteACote() {
+        Base().exec("UPDATE Compte SET Solde = 0 WHERE CleCpt='012024' AND NumCpt IN "
+                    "('410', '44566')");
+        etats::RemplirWbilan(essai::Cle, "B");
+        const Document d = EtatResulBilan("B");
+        QCOMPARE(d.titre, QStringLiteral("BILAN"));
+        QCOMPARE(d.colonnes[1].titre, QStringLiteral("ACTIF"));
+        QCOMPARE(d.colonnes[4].titre, QStringLiteral("PASSIF"));
+        QCOMPARE(Cellules(d, 0), (QStringList{"512", QString(), QString()}));
+        QCOMPARE(Cellules(d, 3), (QStringList{"101", "400", "44571"}));
+        QCOMPARE(Cellules(d, 2).mid(1), (QStringList{QString(), QString()}));
+        QCOMPARE(d.lignes.back().cellules[2], TexteMontant(essai::LireCpt("512").Solde));
+
+        etats::RemplirWbilan(essai::Cle, "R");
+        const Document r = EtatResulBilan("R");
+        QCOMPARE(r.titre, QStringLiteral("COMPTE DE RESULTAT"));
+        QCOMPARE(Cellules(r, 0), QStringList{"607"});
+        QCOMPARE(Cellules(r, 3), QStringList{"707"});
+        QCOMPARE(Cellules(r, 5), QStringList{"150,00"});
+    }
+
+    void plan_tousLesComptesMemeSansMontant() {
+        const Document d = EtatPlan();
+        QCOMPARE(d.titre, QStringLiteral("PLAN COMPTABLE"));
+        const QStringList numeros = Cellules(d, 0);
+        QCOMPARE(numeros.size(),
+                 essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='012024'"));
+        QVERIFY(numeros.contains("2154"));
+        QVERIFY(numeros.contains("699"));
+        QVERIFY(std::is_sorted(numeros.begin(), numeros.end()));
     }
 
     void balanceEnPdf_relue() {
