@@ -1,8 +1,12 @@
 // Le peintre des états : un grand livre de 5 000 puis 50 000 lignes écrit en PDF, lignes par
 // seconde, rapport des temps (linéaire si proche de 10), pages et taille du fichier ; et la
 // page 1 en PNG (pdftoppm -r 60) pour la regarder.
+#include "reports/Catalogue.h"
 #include "reports/Document.h"
+#include "reports/DonneesEtats.h"
 #include "reports/Peintre.h"
+#include "session/Session.h"
+#include "store/Base.h"
 #include "ui/Application.h"
 
 #include <QElapsedTimer>
@@ -10,6 +14,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <cstdio>
+
+#include "Generateur.h"
 
 using namespace rapport;
 
@@ -86,6 +92,60 @@ int main(int argc, char** argv) {
     std::printf("Lignes par seconde (50 000 lignes) : %.0f lignes/s\n",
                 50000.0 / (grand.ms / 1000));
     std::printf("Rapport des temps 50 000 / 5 000 : %.2f\n", grand.ms / petit.ms);
+
+    // Le grand livre d'une comptabilité générée, lu dans la base puis écrit en PDF.
+    for (int lignes : {5000, 50000}) {
+        generateur::Options options;
+        options.dossier = dossier.filePath(QStringLiteral("base%1").arg(lignes));
+        options.lignesVisees = lignes;
+        generateur::Generer(options);
+        generateur::OuvrirGenere(options.dossier);
+        QElapsedTimer chrono;
+        chrono.start();
+        const Document d = EtatGrandLivre(QString());
+        const double modele = static_cast<double>(chrono.nsecsElapsed()) / 1e6;
+        chrono.restart();
+        int pages = 0;
+        const QString pdf = dossier.filePath(QStringLiteral("livre%1.pdf").arg(lignes));
+        EcrirePdf(d, pdf, QStringLiteral("23/11/2026"), &pages);
+        const double ecriture = static_cast<double>(chrono.nsecsElapsed()) / 1e6;
+        std::printf("Grand livre généré de %d lignes : modèle %.0f ms, PDF %.0f ms (%d pages, "
+                    "%.1f Mo, %.0f lignes/s)\n",
+                    lignes, modele, ecriture, pages,
+                    static_cast<double>(QFileInfo(pdf).size()) / (1024.0 * 1024.0),
+                    lignes / ((modele + ecriture) / 1000));
+        if (lignes == 5000) {
+            // Chaque état du catalogue sur la petite base, page 1 en PNG pour la regarder.
+            const QString capture = qEnvironmentVariableIsSet("MAROVAL_CAPTURES")
+                                        ? qEnvironmentVariable("MAROVAL_CAPTURES")
+                                        : QStringLiteral(".");
+            session().NomsMois = {"Janvier",   "Février", "Mars",     "Avril",
+                                  "Mai",       "Juin",    "Juillet",  "Août",
+                                  "Septembre", "Octobre", "Novembre", "Décembre"};
+            etats::RemplirJourCent(CleCourante(), session().NomsMois, {});
+            const QList<std::pair<QString, Document>> etats = {
+                {"balance", EtatBalance("G")},      {"balance-clients", EtatBalance("C")},
+                {"journal", EtatJournal("*", 0)},   {"journal-ventes-mars", EtatJournal("V", 3)},
+                {"centralisateur", EtatJourCent()}, {"plan", EtatPlan()}};
+            for (const auto& [nom, etat] : etats) {
+                const QString fichier = dossier.filePath(nom + ".pdf");
+                EcrirePdf(etat, fichier, QStringLiteral("23/11/2026"));
+                QProcess::execute(
+                    QStringLiteral("pdftoppm"),
+                    {"-r", "60", "-f", "1", "-l", "1", "-png", fichier, capture + "/etat-" + nom});
+            }
+            for (const char* code : {"B", "R"}) {
+                etats::RemplirWbilan(CleCourante(), code);
+                const QString nom = code == QLatin1String("B") ? "bilan" : "resultat";
+                const QString fichier = dossier.filePath(nom + ".pdf");
+                EcrirePdf(EtatResulBilan(code), fichier, QStringLiteral("23/11/2026"));
+                QProcess::execute(
+                    QStringLiteral("pdftoppm"),
+                    {"-r", "60", "-f", "1", "-l", "1", "-png", fichier, capture + "/etat-" + nom});
+            }
+        }
+        FermerBase();
+    }
     // La page 1 en image, pour la regarder : $MAROVAL_CAPTURES ou le dossier courant.
     const QString sortie = qEnvironmentVariableIsSet("MAROVAL_CAPTURES")
                                ? qEnvironmentVariable("MAROVAL_CAPTURES") + "/grand-livre"
