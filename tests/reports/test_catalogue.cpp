@@ -33,16 +33,6 @@ Montant Somme(const Document& d, int colonne) {
     return s;
 }
 
-void Ecriture(const QString& date, const QString& journal,
-              const QList<std::tuple<const char*, const char*, double>>& lignes) {
-    session().DateSaisieCourante = date;
-    essai::ViderSaisie();
-    for (const auto& [numero, sens, montant] : lignes)
-        essai::Saisir(QString::fromLatin1(numero), QString::fromLatin1(sens), Euros(montant),
-                      journal);
-    essai::Passer();
-}
-
 } // namespace
 
 class TestCatalogue : public QObject {
@@ -56,10 +46,13 @@ private slots:
         essai::OuvrirLivres(dossier->Chemin());
         essai::SoldeOuverture("512", Euros(1000));
         essai::SoldeOuverture("101", Euros(1000));
-        Ecriture("05/02/2024", "V", {{"411001", "D", 120}, {"707", "C", 100}, {"44571", "C", 20}});
-        Ecriture("10/03/2024", "V", {{"411001", "D", 60}, {"707", "C", 50}, {"44571", "C", 10}});
-        Ecriture("12/03/2024", "A", {{"607", "D", 80}, {"44566", "D", 16}, {"401001", "C", 96}});
-        Ecriture("20/03/2024", "T", {{"512", "D", 120}, {"411001", "C", 120}});
+        essai::Ecriture("05/02/2024", "V",
+                        {{"411001", "D", 120}, {"707", "C", 100}, {"44571", "C", 20}});
+        essai::Ecriture("10/03/2024", "V",
+                        {{"411001", "D", 60}, {"707", "C", 50}, {"44571", "C", 10}});
+        essai::Ecriture("12/03/2024", "A",
+                        {{"607", "D", 80}, {"44566", "D", 16}, {"401001", "C", 96}});
+        essai::Ecriture("20/03/2024", "T", {{"512", "D", 120}, {"411001", "C", 120}});
         session().DateSaisieCourante = QStringLiteral("31/03/2024");
     }
     void cleanup() {

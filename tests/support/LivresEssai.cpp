@@ -163,6 +163,15 @@ void Passer(const QString& monnaie) {
     PasserEcriture(QString::number(DernierNumero() + 1), monnaie);
 }
 
+void Ecriture(const QString& date, const QString& journal,
+              const QList<std::tuple<const char*, const char*, double>>& lignes) {
+    session().DateSaisieCourante = date;
+    ViderSaisie();
+    for (const auto& [numero, sens, montant] : lignes)
+        Saisir(QString::fromLatin1(numero), QString::fromLatin1(sens), Euros(montant), journal);
+    Passer();
+}
+
 void Vente(Montant ht, Montant tva) {
     ViderSaisie();
     Saisir(QStringLiteral("411001"), QStringLiteral("D"), ht + tva);

@@ -14,6 +14,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <tuple>
 
 namespace essai {
 
@@ -58,6 +59,11 @@ double DernierNumero();
 
 // Passe wSaisie comme un écran de saisie : numéro suivant, monnaie "E".
 void Passer(const QString& monnaie = QStringLiteral("E"));
+
+// Une écriture passée par le moteur comme la saisie la laisse, à la date donnée (JJ/MM/AAAA) :
+// (compte, sens, montant en euros) par ligne.
+void Ecriture(const QString& date, const QString& journal,
+              const QList<std::tuple<const char*, const char*, double>>& lignes);
 
 // Vente, achat, règlement : trois lignes équilibrées d'un coup.
 void Vente(Montant ht, Montant tva);

@@ -42,17 +42,6 @@ QString Texte(QWidget* racine, const char* nom) {
     return l ? l->text() : QStringLiteral("<absent>");
 }
 
-// Une écriture passée par le moteur comme la saisie la laisse, à la date donnée.
-void Ecriture(const QString& date, const QString& journal,
-              const QList<std::tuple<const char*, const char*, double>>& lignes) {
-    session().DateSaisieCourante = date;
-    essai::ViderSaisie();
-    for (const auto& [numero, sens, montant] : lignes)
-        essai::Saisir(QString::fromLatin1(numero), QString::fromLatin1(sens), Euros(montant),
-                      journal);
-    essai::Passer();
-}
-
 } // namespace
 
 class TestClotureAnnee : public QObject {
@@ -85,12 +74,13 @@ private slots:
         for (int m = 1; m <= 12; ++m) {
             const QString mois = QStringLiteral("%1/2024").arg(m, 2, 10, QLatin1Char('0'));
             const double ht = 1000 + 37.5 * m, achat = 400 + 11.25 * m;
-            Ecriture("10/" + mois, "V",
-                     {{"7071", "C", ht}, {"445711", "C", ht * 0.2}, {"411", "D", ht * 1.2}});
-            Ecriture("12/" + mois, "A",
-                     {{"607", "D", achat}, {"44566", "D", achat * 0.2}, {"401", "C", achat * 1.2}});
-            Ecriture("20/" + mois, "T", {{"512", "D", ht * 1.2}, {"411", "C", ht * 1.2}});
-            Ecriture("25/" + mois, "T", {{"401", "D", achat}, {"512", "C", achat}});
+            essai::Ecriture("10/" + mois, "V",
+                            {{"7071", "C", ht}, {"445711", "C", ht * 0.2}, {"411", "D", ht * 1.2}});
+            essai::Ecriture(
+                "12/" + mois, "A",
+                {{"607", "D", achat}, {"44566", "D", achat * 0.2}, {"401", "C", achat * 1.2}});
+            essai::Ecriture("20/" + mois, "T", {{"512", "D", ht * 1.2}, {"411", "C", ht * 1.2}});
+            essai::Ecriture("25/" + mois, "T", {{"401", "D", achat}, {"512", "C", achat}});
         }
         QVERIFY(Verification());
         session().DateSaisieCourante = QStringLiteral("31/12/2024");
