@@ -13,6 +13,7 @@
 #include "entry/ModifLib.h"
 #include "entry/SaisDC.h"
 #include "entry/Saislog.h"
+#include "reports/Editions.h"
 #include "ui/Boite.h"
 #include "yearend/Cloture.h"
 
@@ -48,6 +49,7 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("BilGraph"), &Ouvrir<BilGraph>},
         {QStringLiteral("Backup"), &Ouvrir<Backup>},
         {QStringLiteral("Cloture"), &Ouvrir<Cloture>},
+        {QStringLiteral("Editions"), &Ouvrir<Editions>},
     };
 }
 
@@ -55,11 +57,11 @@ QHash<QString, Ouvreur> Livres() {
 // leur entrée prévient l'utilisateur.
 const QStringList& PasEncoreLivres() {
     static const QStringList noms = {
-        QStringLiteral("Editions"), QStringLiteral("Rappr"),    QStringLiteral("Sauve"),
-        QStringLiteral("Restaure"), QStringLiteral("Analy0"),   QStringLiteral("Budget00"),
-        QStringLiteral("budget03"), QStringLiteral("Budget04"), QStringLiteral("Tresor00"),
-        QStringLiteral("Tresor01"), QStringLiteral("Tresor02"), QStringLiteral("Tresor03"),
-        QStringLiteral("Tresor04"), QStringLiteral("Tresor05"), QStringLiteral("Fiscalite")};
+        QStringLiteral("Rappr"),    QStringLiteral("Sauve"),    QStringLiteral("Restaure"),
+        QStringLiteral("Analy0"),   QStringLiteral("Budget00"), QStringLiteral("budget03"),
+        QStringLiteral("Budget04"), QStringLiteral("Tresor00"), QStringLiteral("Tresor01"),
+        QStringLiteral("Tresor02"), QStringLiteral("Tresor03"), QStringLiteral("Tresor04"),
+        QStringLiteral("Tresor05"), QStringLiteral("Fiscalite")};
     return noms;
 }
 

@@ -3,6 +3,9 @@
 #include "store/Base.h"
 #include "store/Routines.h"
 
+#include <QDir>
+#include <QFile>
+#include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
@@ -163,6 +166,63 @@ std::vector<table::Wbilan> LireWbilan() {
         lignes.push_back(w);
     }
     return lignes;
+}
+
+Extraction ExtraireExercice(const QString& dossier, const QString& cle) {
+    const QString modele = QDir(dossier).filePath(QStringLiteral("sauveb.mdb"));
+    const QString sauve = QDir(dossier).filePath(QStringLiteral("sauve.mdb"));
+    try {
+        if (!QFile::exists(modele)) {
+            QFile schema(QStringLiteral(":/data/schema.sql"));
+            if (!schema.open(QIODevice::ReadOnly)) return Extraction::EchecRecopie;
+            SQLite::Database db(QFile::encodeName(modele).toStdString(),
+                                SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+            db.exec(schema.readAll().toStdString());
+            db.exec("DROP TABLE Compte; DROP TABLE Ecriture;");
+        }
+    } catch (const SQLite::Exception&) {
+        QFile::remove(modele);
+        return Extraction::EchecRecopie;
+    }
+    QFile::remove(sauve);
+    if (!QFile::copy(modele, sauve)) return Extraction::EchecRecopie;
+    QFile::setPermissions(sauve, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    SQLite::Statement attacher(Base(), "ATTACH DATABASE ? AS sauve");
+    attacher.bind(1, QFile::encodeName(sauve).toStdString());
+    attacher.exec();
+    Extraction resultat = Extraction::Faite;
+    for (const auto& [table, ordre, echec] :
+         {std::tuple{"Ecriture", "NumEcr", Extraction::EchecEcriture},
+          {"Compte", "NumCpt", Extraction::EchecCompte}}) {
+        try {
+            SQLite::Statement q(Base(), std::string("CREATE TABLE sauve.") + table +
+                                            " AS SELECT * FROM main." + table +
+                                            " WHERE CleCpt = ? ORDER BY " + ordre);
+            q.bind(1, cle.toStdString());
+            q.exec();
+        } catch (const SQLite::Exception&) {
+            resultat = echec;
+            break;
+        }
+    }
+    Base().exec("DETACH DATABASE sauve");
+    return resultat;
+}
+
+void CreerVueGrandLivre(const QString& dossier, const QString& cle, const QString& compte) {
+    SQLite::Database db(
+        QFile::encodeName(QDir(dossier).filePath(QStringLiteral("sauve.mdb"))).toStdString(),
+        SQLite::OPEN_READWRITE);
+    db.exec("DROP VIEW IF EXISTS GrandLiv");
+    // Les valeurs viennent de la base (clé) et de la liste des comptes : guillemets doublés.
+    QString c = cle, n = compte.trimmed();
+    c.replace(QLatin1Char('\''), QStringLiteral("''"));
+    n.replace(QLatin1Char('\''), QStringLiteral("''"));
+    QString sql = QStringLiteral("CREATE VIEW GrandLiv AS SELECT * FROM compte INNER JOIN ecriture "
+                                 "ON compte.NumCpt = ecriture.NumCptEcr where compte.CleCpt='%1'")
+                      .arg(c);
+    if (!n.isEmpty()) sql += QStringLiteral(" and compte.numcpt='%1'").arg(n);
+    db.exec(sql.toStdString());
 }
 
 std::vector<table::Compte> ComptesDuPlan(const QString& cle) {

@@ -50,6 +50,15 @@ std::vector<LigneJourCent> LireJourCent();
 void RemplirWbilan(const QString& cle, const QString& code);
 std::vector<table::Wbilan> LireWbilan();
 
+// La base d'extraction sauve.mdb du dossier des données, refaite depuis son modèle vide
+// sauveb.mdb (créé depuis le schéma livré, sans Compte ni Ecriture, s'il manque) puis remplie
+// des écritures et des comptes de l'exercice : les états en lisent les chiffres du moment.
+enum class Extraction { Faite, EchecRecopie, EchecEcriture, EchecCompte };
+Extraction ExtraireExercice(const QString& dossier, const QString& cle);
+// La requête GrandLiv de la base d'extraction, refaite pour tout le livre (compte vide) ou
+// pour un compte.
+void CreerVueGrandLivre(const QString& dossier, const QString& cle, const QString& compte);
+
 // Tous les comptes de l'exercice, par numéro, même sans montant.
 std::vector<table::Compte> ComptesDuPlan(const QString& cle);
 

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QTimer>
 #include <QUrl>
@@ -20,6 +21,7 @@ QList<EntreeDialogue> journal;
 QList<QString> reponsesFichier;
 QList<bool> reponsesImprimante;
 QList<bool> reponsesOuverture;
+QList<bool> reponsesApercu;
 bool modeEssai = false;
 int delaiEssai = 20000;
 
@@ -123,6 +125,27 @@ bool ChoisirImprimante(QPrinter& imprimante) {
     return accepte;
 }
 
+bool Apercu(QPrinter& imprimante, const std::function<void(QPrinter*)>& peindre,
+            const QString& titre) {
+    bool imprime;
+    if (!reponsesApercu.isEmpty()) {
+        imprime = reponsesApercu.takeFirst();
+        if (imprime) peindre(&imprimante);
+    } else {
+        QPrintPreviewDialog dialogue(&imprimante, QApplication::activeWindow());
+        dialogue.setObjectName(QStringLiteral("Apercu"));
+        dialogue.setWindowTitle(QStringLiteral("Aperçu avant impression : ") + titre);
+        dialogue.resize(900, 1000);
+        QObject::connect(&dialogue, &QPrintPreviewDialog::paintRequested, &dialogue,
+                         [&](QPrinter* p) { peindre(p); });
+        LimiterEnEssai(dialogue);
+        imprime = dialogue.exec() == QDialog::Accepted;
+    }
+    journal.append(
+        {Dialogue::Apercu, titre, imprimante.printerName(), QString(), QString(), imprime});
+    return imprime;
+}
+
 bool OuvrirFichier(const QString& chemin) {
     bool reussie;
     if (!reponsesOuverture.isEmpty())
@@ -143,6 +166,10 @@ void RepondreImprimante(bool accepte) {
     reponsesImprimante.append(accepte);
 }
 
+void RepondreApercu(bool imprime) {
+    reponsesApercu.append(imprime);
+}
+
 void RepondreOuvertureFichier(bool reussie) {
     reponsesOuverture.append(reussie);
 }
@@ -151,6 +178,7 @@ void OublierReponsesDialogues() {
     reponsesFichier.clear();
     reponsesImprimante.clear();
     reponsesOuverture.clear();
+    reponsesApercu.clear();
 }
 
 void FixerModeEssai(bool actif) {

@@ -5,13 +5,14 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 
 class QDialog;
 class QPrinter;
 
 namespace ui {
 
-enum class Dialogue { Ouvrir, Enregistrer, Imprimante, OuvrirFichier, Aide, AideIndex };
+enum class Dialogue { Ouvrir, Enregistrer, Imprimante, OuvrirFichier, Aide, AideIndex, Apercu };
 
 struct EntreeDialogue {
     Dialogue dialogue = Dialogue::Ouvrir;
@@ -29,6 +30,11 @@ QString ChoisirFichierEnregistrer(const QString& titre, const QString& nomParDef
                                   const QString& filtre, const QString& dossier = QString());
 // Dialogue d'impression ; faux si annulé.
 bool ChoisirImprimante(QPrinter& imprimante);
+// Aperçu avant impression (objectName "Apercu") : peindre dessine les pages sur l'imprimante
+// donnée ; l'utilisateur imprime depuis l'aperçu ou le ferme. Vrai s'il a imprimé. Une
+// réponse donnée d'avance peint tout de suite (vrai) ou rien (faux), sans fenêtre.
+bool Apercu(QPrinter& imprimante, const std::function<void(QPrinter*)>& peindre,
+            const QString& titre);
 // Ouvre le fichier avec le programme que le système lui associe ; faux en cas d'échec.
 bool OuvrirFichier(const QString& chemin);
 
@@ -39,6 +45,7 @@ QString FiltreQt(const QString& filtre);
 // annule le dialogue de fichier.
 void RepondreFichier(const QString& chemin);
 void RepondreImprimante(bool accepte);
+void RepondreApercu(bool imprime);
 void RepondreOuvertureFichier(bool reussie);
 void OublierReponsesDialogues();
 // En mode essai, OuvrirFichier ne lance jamais rien (noté au journal, réussi), et une
