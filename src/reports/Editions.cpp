@@ -3,6 +3,7 @@
 #include "base/Reglages.h"
 #include "reports/Catalogue.h"
 #include "reports/DonneesEtats.h"
+#include "reports/EditCpt.h"
 #include "reports/Impression.h"
 #include "session/Session.h"
 #include "ui/Boite.h"
@@ -146,9 +147,8 @@ void Editions::Command3_Click() {
 }
 
 void Editions::Command6_Click() {
-    ui::Boite(QStringLiteral("L'édition d'un compte seul n'est pas encore disponible : imprimez le "
-                             "Grand Livre."),
-              QStringLiteral("Maroval"), ui::Icone::Information);
+    EditCpt choix([this](const QString& compte) { ImprimerGrdLivre(compte); }, this);
+    choix.exec();
 }
 
 } // namespace ecran

@@ -2,7 +2,9 @@
 // système échangé puis rendu, états écrits en PDF par les boutons, impression annulée,
 // aperçu, centralisateur et sa jauge, échec de l'extraction, messages du moteur.
 #include "support/DossierEssai.h"
+#include "support/GestesGrille.h"
 #include "support/LivresEssai.h"
+#include "support/PiloteModal.h"
 
 #include "base/Reglages.h"
 #include "reports/Editions.h"
@@ -11,9 +13,11 @@
 #include "ui/Application.h"
 #include "ui/Boite.h"
 #include "ui/Dialogues.h"
+#include "ui/Grille.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
@@ -162,6 +166,57 @@ private slots:
         QVERIFY(d.dialogue == ui::Dialogue::Apercu);
         QCOMPARE(d.titre, QStringLiteral("BALANCE CLIENTS"));
         QVERIFY(ui::JournalBoites().isEmpty());
+    }
+
+    // Edition d'un compte : la liste, ses chiffres, la question, puis son grand livre seul.
+    void editionDUnCompte_parSaListe() {
+        ecran::Editions e;
+        e.show();
+        e.findChild<QCheckBox*>("CBPdf")->setChecked(true);
+        const QString chemin = dossier->Fichier("compte-512.pdf");
+        QString solde, titre;
+        int lignes = 0;
+        support::PiloteModal pilote;
+        pilote.Attendre("EditCpt", [&](QWidget* w) {
+            titre = w->windowTitle();
+            auto* liste = w->findChild<ui::Grille*>("Tree1");
+            lignes = liste->NombreLignes();
+            support::CliquerCellule(liste, liste->ChercherTexte(0, "512"), 0);
+            solde = w->findChild<QLabel*>("Label9")->text();
+            ui::RepondreBoite(Reponse::Oui);
+            ui::RepondreFichier(chemin);
+            support::CliquerBouton(w, "Command1");
+            support::CliquerBouton(w, "Command2");
+        });
+        pilote.Demarrer();
+        Cliquer(e, "Command6");
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QCOMPARE(titre, QStringLiteral("Edition d'un compte"));
+        QCOMPARE(lignes, essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='012024'"));
+        QCOMPARE(solde, FormaterMontant(essai::LireCpt("512").Solde, session().FormatMontant));
+        QCOMPARE(ui::JournalBoites().last().texte,
+                 QStringLiteral("Voulez-vous éditer le compte 512 ?"));
+        const QString t = TexteDuPdf(chemin);
+        QVERIFY2(t.contains("EDITION D'UN COMPTE"), qPrintable(t));
+        QVERIFY(t.contains("512"));
+        QVERIFY(!t.contains("411001"));
+        QVERIFY(e.isVisible());
+        QCOMPARE(Lignes(Sauve(), "SELECT count(DISTINCT NumCpt) FROM GrandLiv"), 1);
+    }
+
+    // "Quitter" de l'édition d'un compte ferme aussi l'écran des éditions ; le symbole du
+    // système est rendu.
+    void editionDUnCompte_quitterFermeLesDeux() {
+        support::PiloteModal pilote;
+        pilote.Attendre("Editions", support::Cliquer("Command6"))
+            .Attendre("EditCpt", support::Cliquer("Command4"));
+        pilote.Demarrer();
+        ecran::Editions e;
+        e.FixerDebutChaine(true);
+        e.exec();
+        QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
+        QVERIFY(!e.isVisible());
+        QCOMPARE(LireReglage("intl", "sCurrency"), QStringLiteral("€"));
     }
 
     void extractionImpossible_boiteEtEcranFerme() {
