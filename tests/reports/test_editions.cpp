@@ -1,6 +1,7 @@
 // L'écran Editions : base d'extraction refaite à chaque ouverture, symbole monétaire du
 // système échangé puis rendu, états écrits en PDF par les boutons, impression annulée,
 // aperçu, centralisateur et sa jauge, échec de l'extraction, messages du moteur.
+#include "support/Captures.h"
 #include "support/DossierEssai.h"
 #include "support/GestesGrille.h"
 #include "support/LivresEssai.h"
@@ -217,6 +218,16 @@ private slots:
         QVERIFY2(pilote.Reussi(), qPrintable(pilote.Echec()));
         QVERIFY(!e.isVisible());
         QCOMPARE(LireReglage("intl", "sCurrency"), QStringLiteral("€"));
+    }
+
+    void capture_ecranDesEditions() {
+        ecran::Editions e;
+        e.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&e));
+        const QImage image = e.grab().toImage();
+        QVERIFY(support::ImageDessinee(image));
+        QVERIFY(image.save(QDir(support::DossierCaptures()).filePath("editions.png")));
+        Cliquer(e, "Command3");
     }
 
     void extractionImpossible_boiteEtEcranFerme() {
