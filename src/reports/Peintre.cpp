@@ -6,6 +6,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QSaveFile>
 #include <algorithm>
 
@@ -130,6 +131,9 @@ std::vector<Page> MettreEnPages(const Document& d, const Gabarit& g) {
 
 int Peindre(const Document& d, QPagedPaintDevice& appareil, const QString& dateEdition,
             const Avancement& avancement, const Gabarit& g) {
+    // Sur une imprimante, les coordonnées partent du bord de la feuille, pas de la zone
+    // imprimable : nos marges de 12 mm sont alors les mêmes qu'en PDF.
+    if (auto* imprimante = dynamic_cast<QPrinter*>(&appareil)) imprimante->setFullPage(true);
     appareil.setPageSize(QPageSize(QPageSize::A4));
     appareil.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
     const std::vector<Page> pages = MettreEnPages(d, g);

@@ -9,6 +9,7 @@
 #include "ui/Application.h"
 
 #include <QFile>
+#include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QtTest>
@@ -138,6 +139,23 @@ private slots:
         const QString tout = texte.join('\n');
         for (int i : {1, 2, 51, 52, 150, 299, 300})
             QCOMPARE(tout.count(QRegularExpression(QStringLiteral("Facture n°%1\\b").arg(i))), 1);
+    }
+
+    // Le chemin de l'imprimante (celui de l'aperçu et du travail d'impression) peint les mêmes
+    // pages : ici une imprimante qui écrit dans un fichier.
+    void imprimante_memesPagesQuEnPdf() {
+        support::DossierEssai dossier;
+        const Document d = GrandLivre(120);
+        const QString chemin = dossier.Fichier("imprimante.pdf");
+        QPrinter imprimante(QPrinter::HighResolution);
+        imprimante.setOutputFormat(QPrinter::PdfFormat);
+        imprimante.setOutputFileName(chemin);
+        const int pages = Peindre(d, imprimante, QStringLiteral("23/11/2026"));
+        QCOMPARE(pages, int(MettreEnPages(d).size()));
+        const QStringList texte = PagesDuPdf(chemin);
+        QCOMPARE(texte.size(), pages);
+        QVERIFY(texte.last().contains(QStringLiteral("Page %1 / %1").arg(pages)));
+        QVERIFY(texte.first().contains(QStringLiteral("GRAND LIVRE")));
     }
 
     void libelleTropLong_coupe() {
