@@ -3,6 +3,7 @@
 #include "consultation/DonneesComptes.h"
 #include "consultation/Export.h"
 #include "consultation/LignesCompte.h"
+#include "consultation/ListeComptes.h"
 #include "session/Session.h"
 #include "store/Routines.h"
 #include "ui/Boite.h"
@@ -72,13 +73,7 @@ void ConsCpt::Form_Load() {
     if (auto* aide = findChild<ui::BoiteAide*>(QStringLiteral("BoiteAide1")))
         aide->FixerMessageAide(texteAide);
     ui::RestaurerPersonalisations(this, {ui->Tree1, ui->Tree2, ui->Tree3});
-    ui->Tree1->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
-    ui->Tree1->FixerTriMontants(2);
-    ui->Tree1->DebutRemplissage();
-    for (const comptes::Compte& c : comptes::ParCreation())
-        ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
-    ui->Tree1->FinRemplissage();
-    ui->Tree1->Trier(0);
+    RemplirListeComptes(ui->Tree1);
 }
 
 void ConsCpt::Text1_Change() {
@@ -109,15 +104,12 @@ void ConsCpt::Tree1_SelectionChange() {
     const QList<int> choisies = ui->Tree1->LignesSelectionnees();
     if (choisies.isEmpty()) return;
     const QString numero = ui->Tree1->DonneeLigne(choisies.first()).toString();
-    table::Compte c;
-    if (!LireCompte(CleCourante(), numero, c)) return;
+    QString libelle;
+    if (!MontrerChiffresCompte(numero, ui->Label3, ui->Label5, ui->Label7, ui->Label9, &libelle))
+        return;
     compte = numero;
-    ui->Label10->setText(numero + QStringLiteral("   ") + c.LibCpt.trimmed());
-    nomExport = numero + QLatin1Char('-') + c.LibCpt.trimmed();
-    ui->Label3->setText(Affiche(c.Sde));
-    ui->Label5->setText(Affiche(c.CumD));
-    ui->Label7->setText(Affiche(c.CumC));
-    ui->Label9->setText(Affiche(c.Solde));
+    ui->Label10->setText(numero + QStringLiteral("   ") + libelle);
+    nomExport = numero + QLatin1Char('-') + libelle;
     for (QPushButton* b : {ui->Command1, ui->Command3, ui->Command6, ui->BTExport})
         b->setEnabled(true);
 }

@@ -8,8 +8,8 @@
 #include "ui/Boite.h"
 #include "ui/ChampDate.h"
 #include "ui/Grille.h"
+#include "ui/Sablier.h"
 
-#include <QApplication>
 #include <QDate>
 #include <QLineEdit>
 
@@ -61,9 +61,8 @@ bool ValiderEtPasser(QLineEdit* libelle, QLineEdit* echeance, const QString& num
         echeance->setFocus();
         return false;
     }
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    ui::Sablier sablier;
     saisie::Passer(numero, libelle->text());
-    QApplication::restoreOverrideCursor();
     return true;
 }
 

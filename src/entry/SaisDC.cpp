@@ -4,9 +4,9 @@
 #include "entry/SaisDC2.h"
 #include "session/Session.h"
 #include "ui/Boite.h"
+#include "ui/Sablier.h"
 #include "ui_SaisDC.h"
 
-#include <QApplication>
 #include <QMouseEvent>
 
 namespace ecran {
@@ -79,11 +79,12 @@ void SaisDC::Command1_Click() {
             return;
         }
     }
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    saisie::Vider();
-    session().JournalSaisie = journal;
-    if (!ligne.isEmpty()) session().LigneMenuSaisie = ligne;
-    QApplication::restoreOverrideCursor();
+    {
+        ui::Sablier sablier;
+        saisie::Vider();
+        session().JournalSaisie = journal;
+        if (!ligne.isEmpty()) session().LigneMenuSaisie = ligne;
+    }
     SaisDC2 suite(this);
     suite.exec();
 }

@@ -1,21 +1,11 @@
 #include "reports/EditCpt.h"
 
-#include "consultation/DonneesComptes.h"
-#include "session/Session.h"
-#include "store/Routines.h"
+#include "consultation/ListeComptes.h"
 #include "ui/Boite.h"
 
 #include "ui_EditCpt.h"
 
 namespace ecran {
-
-namespace {
-
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
-} // namespace
 
 EditCpt::EditCpt(std::function<void(const QString&)> editer_, QWidget* parent)
     : ui::EcranModal(parent), ui(new Ui::EditCpt), editer(std::move(editer_)) {
@@ -34,25 +24,15 @@ EditCpt::~EditCpt() {
 }
 
 void EditCpt::Form_Load() {
-    ui->Tree1->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
-    ui->Tree1->DebutRemplissage();
-    for (const comptes::Compte& c : comptes::ParCreation())
-        ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
-    ui->Tree1->FinRemplissage();
-    ui->Tree1->Trier(0);
+    RemplirListeComptes(ui->Tree1);
 }
 
 void EditCpt::Tree1_SelectionChange() {
     const QList<int> choisies = ui->Tree1->LignesSelectionnees();
     if (choisies.isEmpty()) return;
     const QString numero = ui->Tree1->DonneeLigne(choisies.first()).toString();
-    table::Compte c;
-    if (!LireCompte(CleCourante(), numero, c)) return;
-    compte = numero;
-    ui->Label3->setText(Affiche(c.Sde));
-    ui->Label5->setText(Affiche(c.CumD));
-    ui->Label7->setText(Affiche(c.CumC));
-    ui->Label9->setText(Affiche(c.Solde));
+    if (MontrerChiffresCompte(numero, ui->Label3, ui->Label5, ui->Label7, ui->Label9))
+        compte = numero;
 }
 
 void EditCpt::Command1_Click() {

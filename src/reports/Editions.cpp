@@ -101,8 +101,7 @@ void Editions::Imprimer(const rapport::Document& document) {
                                                 document.titre.toLower() + QStringLiteral(".pdf"),
                                                 QStringLiteral("PDF (*.pdf)|*.pdf"));
         if (fichier.isEmpty()) {
-            ui::Boite(QStringLiteral("L'impression est annulée."), QStringLiteral("Maroval"),
-                      ui::Icone::Information);
+            rapport::AnnoncerImpressionAnnulee();
             return;
         }
     }

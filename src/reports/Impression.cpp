@@ -118,15 +118,16 @@ void MessageErreurRapport(int code) {
     ui::Boite(TexteErreurRapport(code), QStringLiteral("Maroval"), ui::Icone::Critique);
 }
 
+void AnnoncerImpressionAnnulee() {
+    ui::Boite(QStringLiteral("L'impression est annulée."), QStringLiteral("Maroval"),
+              ui::Icone::Information);
+}
+
 bool ChoixImprimante(QPrinter& imprimante) {
     const bool accepte = ui::ChoisirImprimante(imprimante);
     QApplication::processEvents();
-    if (!accepte) {
-        ui::Boite(QStringLiteral("L'impression est annulée."), QStringLiteral("Maroval"),
-                  ui::Icone::Information);
-        return false;
-    }
-    return true;
+    if (!accepte) AnnoncerImpressionAnnulee();
+    return accepte;
 }
 
 int ImprimerEtat(const Document& document, const QString& fichierPdf) {

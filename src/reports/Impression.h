@@ -19,6 +19,9 @@ QString TexteErreurRapport(int code);
 // Montre le texte dans une boîte critique (vide pour un code inconnu).
 void MessageErreurRapport(int code);
 
+// La boîte "L'impression est annulée." (dialogue d'impression ou fichier refusé).
+void AnnoncerImpressionAnnulee();
+
 // Le dialogue d'impression du système ; annulé : "L'impression est annulée." et faux.
 bool ChoixImprimante(QPrinter& imprimante);
 

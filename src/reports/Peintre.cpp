@@ -130,13 +130,14 @@ std::vector<Page> MettreEnPages(const Document& d, const Gabarit& g) {
 }
 
 int Peindre(const Document& d, QPagedPaintDevice& appareil, const QString& dateEdition,
-            const Avancement& avancement, const Gabarit& g) {
+            const Avancement& avancement, const Gabarit& g, int* prevues) {
     // Sur une imprimante, les coordonnées partent du bord de la feuille, pas de la zone
     // imprimable : nos marges de 12 mm sont alors les mêmes qu'en PDF.
     if (auto* imprimante = dynamic_cast<QPrinter*>(&appareil)) imprimante->setFullPage(true);
     appareil.setPageSize(QPageSize(QPageSize::A4));
     appareil.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
     const std::vector<Page> pages = MettreEnPages(d, g);
+    if (prevues) *prevues = static_cast<int>(pages.size());
     QPainter peintre;
     if (!peintre.begin(&appareil)) return 0;
     Pinceau pi(peintre, appareil.logicalDpiY() / 25.4, g);
@@ -227,8 +228,7 @@ QString EcrirePdf(const Document& d, const QString& chemin, const QString& dateE
         pdf.setResolution(300);
         pdf.setTitle(d.titre);
         pdf.setCreator(d.version);
-        total = static_cast<int>(MettreEnPages(d).size());
-        faites = Peindre(d, pdf, dateEdition, avancement);
+        faites = Peindre(d, pdf, dateEdition, avancement, Gabarit(), &total);
     }
     if (pages) *pages = faites;
     if (faites < total) {

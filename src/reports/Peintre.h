@@ -36,9 +36,9 @@ std::vector<Page> MettreEnPages(const Document& document, const Gabarit& gabarit
 using Avancement = std::function<bool(int page, int total)>;
 
 // Peint toutes les pages sur l'appareil (imprimante, PDF) ; rend le nombre de pages peintes
-// (moins que le total si l'avancement a demandé l'arrêt).
+// (moins que le total si l'avancement a demandé l'arrêt) ; total reçoit le nombre prévu.
 int Peindre(const Document& document, QPagedPaintDevice& appareil, const QString& dateEdition,
-            const Avancement& avancement = {}, const Gabarit& gabarit = {});
+            const Avancement& avancement = {}, const Gabarit& gabarit = {}, int* total = nullptr);
 
 // L'état dans un fichier PDF, remplacé seulement une fois complet. Rend l'erreur en
 // français, vide si tout s'est bien passé ; pages reçoit le nombre de pages.

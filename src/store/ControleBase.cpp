@@ -91,11 +91,6 @@ QString Ecart(SQLite::Database& db) {
 
 } // namespace
 
-QString EcartStructure(const QString& chemin) {
-    SQLite::Database db(QFile::encodeName(chemin).toStdString(), SQLite::OPEN_READONLY);
-    return Ecart(db);
-}
-
 DiagnosticBase ControlerBase(const QString& chemin, bool complet) {
     DiagnosticBase d;
     const QFileInfo info(chemin);

@@ -20,7 +20,3 @@ struct DiagnosticBase {
 // démarrage paie), ou PRAGMA integrity_check quand complet est vrai, puis les tables et
 // colonnes du schéma livré.
 DiagnosticBase ControlerBase(const QString& chemin, bool complet = false);
-
-// Ce qui manque ou diffère dans la structure de la base ouverte à ce chemin par rapport au
-// schéma livré ; vide si elles sont identiques.
-QString EcartStructure(const QString& chemin);

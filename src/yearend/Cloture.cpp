@@ -6,11 +6,12 @@
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
+#include "ui/Sablier.h"
 #include "yearend/DonneesCloture.h"
 
 #include "ui_Cloture.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 
 namespace ecran {
 
@@ -36,12 +37,6 @@ QString DateLisible(const QString& date) {
 Montant Affiche(Montant m) {
     return MontantDepuisTexte(FormaterMontant(m, session().FormatMontant));
 }
-
-// Le sablier le temps d'un travail, rendu même si le travail échoue.
-struct Sablier {
-    Sablier() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Sablier() { QApplication::restoreOverrideCursor(); }
-};
 
 } // namespace
 
@@ -98,7 +93,7 @@ void Cloture::Command1_Click() {
         return;
     }
     {
-        Sablier sablier;
+        ui::Sablier sablier;
         cloture::CreerPlanSuivant(cle, suivante, k);
         LireConstante(cle, k);
         k.NouveauPC = true;
@@ -138,7 +133,7 @@ void Cloture::Command2_Click() {
     ui->Command3->setEnabled(false);
     ui->Command4->setEnabled(false);
     {
-        Sablier sablier;
+        ui::Sablier sablier;
         // L'écran reste lié à la passe : une erreur rend les boutons avant de remonter.
         struct Rendre {
             Ui::Cloture* u;
