@@ -102,6 +102,11 @@ int main(int argc, char** argv) {
         generateur::OuvrirGenere(options.dossier);
         QElapsedTimer chrono;
         chrono.start();
+        // Comme à l'ouverture des éditions : l'exercice copié dans la base d'extraction.
+        etats::ExtraireExercice(session().DossierDonnees, CleCourante());
+        std::printf("Extraction de l'exercice de %d lignes : %.0f ms\n", lignes,
+                    static_cast<double>(chrono.nsecsElapsed()) / 1e6);
+        chrono.restart();
         const Document d = EtatGrandLivre(QString());
         const double modele = static_cast<double>(chrono.nsecsElapsed()) / 1e6;
         chrono.restart();

@@ -2,7 +2,6 @@
 
 #include "base/Texte.h"
 #include "consultation/DonneesComptes.h"
-#include "consultation/DonneesJournal.h"
 #include "posting/Verification.h"
 #include "reports/DonneesEtats.h"
 #include "session/Session.h"
@@ -14,6 +13,11 @@ namespace {
 
 QString Jour(const QString& aaaammjj) {
     return DateVersEcran(aaaammjj.trimmed());
+}
+
+// La base d'extraction est dans le dossier des données.
+QString Dossier() {
+    return session().DossierDonnees;
 }
 
 } // namespace
@@ -34,9 +38,6 @@ Document Entete(const QString& titre) {
 }
 
 Document EtatBalance(const QString& code) {
-    const comptes::Portee portee = code == QLatin1String("C")   ? comptes::Portee::Clients
-                                   : code == QLatin1String("F") ? comptes::Portee::Fournisseurs
-                                                                : comptes::Portee::Generale;
     Document d = Entete(code == QLatin1String("C")   ? QStringLiteral("BALANCE CLIENTS")
                         : code == QLatin1String("F") ? QStringLiteral("BALANCE FOURNISSEURS")
                                                      : QStringLiteral("BALANCE GENERALE"));
@@ -47,8 +48,8 @@ Document EtatBalance(const QString& code) {
                   {QStringLiteral("Total Crédit"), 1.7, Alignement::Droite},
                   {QStringLiteral("Solde Débit"), 1.7, Alignement::Droite},
                   {QStringLiteral("Solde Crédit"), 1.7, Alignement::Droite}};
-    for (const comptes::Compte& c : comptes::DeLaBalance(portee)) {
-        if (c.sde.estNul() && c.cumD.estNul() && c.cumC.estNul()) continue;
+    for (const etats::CompteDuLivre& c :
+         etats::ComptesDeLaBalance(Dossier(), CleCourante(), code)) {
         const bool debiteur = comptes::SoldeDebiteur(c.erCpt, c.solde);
         d.Ajouter(Genre::Detail,
                   {c.numero, c.libelle, TexteMontant(c.sde), TexteMontant(c.cumD.abs(), true),
@@ -86,8 +87,9 @@ Document EtatGrandLivre(const QString& compte) {
                    TexteMontant(enCours.solde)});
         d.Ajouter(Genre::Blanc, {});
     };
+    etats::CreerVueGrandLivre(Dossier(), CleCourante(), compte);
     etats::LireGrandLivre(
-        CleCourante(), compte,
+        Dossier(), CleCourante(), compte,
         [&](const etats::CompteDuLivre& c) {
             fermer();
             enCours = c;
@@ -227,10 +229,7 @@ Document EtatJournal(const QString& code, int mois) {
                   {QStringLiteral("Libellé"), 4.4},
                   {QStringLiteral("Débit"), 1.9, Alignement::Droite, true},
                   {QStringLiteral("Crédit"), 1.9, Alignement::Droite, true}};
-    const QString mm = QStringLiteral("%1").arg(mois, 2, 10, QLatin1Char('0'));
-    journal::LireLignes(code, false, [&](const journal::Ligne& l) {
-        // Le mois se lit sur la date d'écriture, quelle que soit l'option de l'écran.
-        if (mois >= 1 && l.dateEcr.mid(4, 2) != mm) return;
+    etats::LireJournal(Dossier(), CleCourante(), code, mois, [&](const etats::LigneDuJournal& l) {
         const Montant m = l.montant.abs();
         d.Ajouter(Genre::Detail,
                   {QString::number(static_cast<qint64>(l.numero)), Jour(l.dateEcr), l.journal,

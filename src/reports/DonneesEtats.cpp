@@ -17,20 +17,33 @@ Montant M(const SQLite::Statement& q, int i) {
     return Montant::depuisDixMilliemes(q.getColumn(i).getInt64());
 }
 
+QString T(const SQLite::Statement& q, int i) {
+    return QString::fromUtf8(q.getColumn(i).getText());
+}
+
+std::string CheminExtraction(const QString& dossier) {
+    return QFile::encodeName(QDir(dossier).filePath(QStringLiteral("sauve.mdb"))).toStdString();
+}
+
+// La base d'extraction, en lecture seule : les états n'y changent rien.
+SQLite::Database OuvrirExtraction(const QString& dossier) {
+    return SQLite::Database(CheminExtraction(dossier), SQLite::OPEN_READONLY);
+}
+
 } // namespace
 
-void LireGrandLivre(const QString& cle, const QString& compte,
+void LireGrandLivre(const QString& dossier, const QString& cle, const QString& compte,
                     const std::function<void(const CompteDuLivre&)>& surCompte,
                     const std::function<void(const LigneDuLivre&)>& surLigne) {
-    // Une seule lecture jointe, triée comme l'état se lit : compte, puis écriture.
-    std::string sql =
-        "SELECT c.NumCpt, c.LibCpt, c.ErCpt, c.Sde, c.CumD, c.CumC, c.Solde, e.NumEcr, "
-        "e.DateEcr, e.Journal, e.LibEcr, e.MntEcr, e.DCEcr FROM Compte c LEFT JOIN Ecriture e "
-        "ON e.CleCpt = c.CleCpt AND e.NumCptEcr = c.NumCpt WHERE c.CleCpt = ?1 AND c.Menu NOT IN "
-        "(155, 165) AND NOT (c.Sde = 0 AND c.CumD = 0 AND c.CumC = 0)";
-    if (!compte.isEmpty()) sql += " AND c.NumCpt = ?2";
-    sql += " ORDER BY c.NumCpt, e.NumEcr";
-    SQLite::Statement q(Base(), sql);
+    // La sélection de l'état sur la requête GrandLiv, triée comme l'état se lit : compte,
+    // puis écriture.
+    SQLite::Database db = OuvrirExtraction(dossier);
+    std::string sql = "SELECT NumCpt, LibCpt, ErCpt, Sde, CumD, CumC, Solde, NumEcr, DateEcr, "
+                      "Journal, LibEcr, MntEcr, DCEcr FROM GrandLiv WHERE CleCpt = ?1 AND Menu "
+                      "<> 155 AND Menu <> 165 AND NOT (Sde = 0 AND CumD = 0 AND CumC = 0)";
+    if (!compte.isEmpty()) sql += " AND NumCpt = ?2";
+    sql += " ORDER BY NumCpt, NumEcr";
+    SQLite::Statement q(db, sql);
     q.bind(1, cle.toStdString());
     if (!compte.isEmpty()) q.bind(2, compte.trimmed().toStdString());
     QString courant;
@@ -44,7 +57,6 @@ void LireGrandLivre(const QString& cle, const QString& compte,
                        QString::fromUtf8(q.getColumn(2).getText()), M(q, 3), M(q, 4), M(q, 5),
                        M(q, 6)});
         }
-        if (q.getColumn(7).isNull()) continue;
         LigneDuLivre l;
         l.numero = q.getColumn(7).getDouble();
         l.dateEcr = QString::fromUtf8(q.getColumn(8).getText());
@@ -52,6 +64,51 @@ void LireGrandLivre(const QString& cle, const QString& compte,
         l.libelle = QString::fromUtf8(q.getColumn(10).getText());
         l.montant = M(q, 11);
         l.debit = QString::fromUtf8(q.getColumn(12).getText()).trimmed() == QLatin1String("D");
+        surLigne(l);
+    }
+}
+
+std::vector<CompteDuLivre> ComptesDeLaBalance(const QString& dossier, const QString& cle,
+                                              const QString& code) {
+    // Les trois portées : générale hors tiers, clients, fournisseurs.
+    const char* portee = code == QLatin1String("C")   ? " AND Menu = 170"
+                         : code == QLatin1String("F") ? " AND Menu = 160"
+                                                      : " AND Menu <> 160 AND Menu <> 170";
+    SQLite::Database db = OuvrirExtraction(dossier);
+    SQLite::Statement q(db, std::string("SELECT NumCpt, LibCpt, ErCpt, Sde, CumD, CumC, Solde "
+                                        "FROM Compte WHERE CleCpt = ?") +
+                                portee +
+                                " AND NOT (Sde = 0 AND CumD = 0 AND CumC = 0) ORDER BY NumCpt");
+    q.bind(1, cle.toStdString());
+    std::vector<CompteDuLivre> comptes;
+    while (q.executeStep())
+        comptes.push_back({T(q, 0), T(q, 1), T(q, 2), M(q, 3), M(q, 4), M(q, 5), M(q, 6)});
+    return comptes;
+}
+
+void LireJournal(const QString& dossier, const QString& cle, const QString& code, int mois,
+                 const std::function<void(const LigneDuJournal&)>& surLigne) {
+    SQLite::Database db = OuvrirExtraction(dossier);
+    std::string sql = "SELECT NumEcr, DateEcr, Journal, NumCptEcr, LibEcr, MntEcr, DCEcr FROM "
+                      "Ecriture WHERE CleCpt = ?1";
+    if (code != QLatin1String("*")) sql += " AND Journal = ?2";
+    // Le mois se lit sur la date d'écriture, quelle que soit l'option des écrans.
+    if (mois >= 1 && mois <= 12) sql += " AND substr(DateEcr, 5, 2) = ?3";
+    sql += " ORDER BY NumEcr";
+    SQLite::Statement q(db, sql);
+    q.bind(1, cle.toStdString());
+    if (code != QLatin1String("*")) q.bind(2, code.toStdString());
+    if (mois >= 1 && mois <= 12)
+        q.bind(3, QStringLiteral("%1").arg(mois, 2, 10, QLatin1Char('0')).toStdString());
+    while (q.executeStep()) {
+        LigneDuJournal l;
+        l.numero = q.getColumn(0).getDouble();
+        l.dateEcr = T(q, 1);
+        l.journal = T(q, 2);
+        l.compte = T(q, 3).trimmed();
+        l.libelle = T(q, 4);
+        l.montant = M(q, 5);
+        l.debit = T(q, 6).trimmed() == QLatin1String("D");
         surLigne(l);
     }
 }
@@ -195,11 +252,22 @@ Extraction ExtraireExercice(const QString& dossier, const QString& cle) {
          {std::tuple{"Ecriture", "NumEcr", Extraction::EchecEcriture},
           {"Compte", "NumCpt", Extraction::EchecCompte}}) {
         try {
-            SQLite::Statement q(Base(), std::string("CREATE TABLE sauve.") + table +
-                                            " AS SELECT * FROM main." + table +
+            // La table est créée comme dans la base (mêmes colonnes, mêmes comparaisons sans
+            // les blancs de fin), puis remplie de l'exercice seul.
+            SQLite::Statement d(Base(), "SELECT sql FROM main.sqlite_master WHERE type = "
+                                        "'table' AND name = ?");
+            d.bind(1, table);
+            if (!d.executeStep()) throw SQLite::Exception("table absente");
+            std::string creation = d.getColumn(0).getString();
+            creation.replace(0, std::string("CREATE TABLE ").size(), "CREATE TABLE sauve.");
+            Base().exec(creation);
+            SQLite::Statement q(Base(), std::string("INSERT INTO sauve.") + table +
+                                            " SELECT * FROM main." + table +
                                             " WHERE CleCpt = ? ORDER BY " + ordre);
             q.bind(1, cle.toStdString());
             q.exec();
+            Base().exec(std::string("CREATE INDEX sauve.") + table + "_Etats ON " + table +
+                        (std::string(table) == "Ecriture" ? " (NumCptEcr, NumEcr)" : " (NumCpt)"));
         } catch (const SQLite::Exception&) {
             resultat = echec;
             break;
@@ -210,9 +278,7 @@ Extraction ExtraireExercice(const QString& dossier, const QString& cle) {
 }
 
 void CreerVueGrandLivre(const QString& dossier, const QString& cle, const QString& compte) {
-    SQLite::Database db(
-        QFile::encodeName(QDir(dossier).filePath(QStringLiteral("sauve.mdb"))).toStdString(),
-        SQLite::OPEN_READWRITE);
+    SQLite::Database db(CheminExtraction(dossier), SQLite::OPEN_READWRITE);
     db.exec("DROP VIEW IF EXISTS GrandLiv");
     // Les valeurs viennent de la base (clé) et de la liste des comptes : guillemets doublés.
     QString c = cle, n = compte.trimmed();

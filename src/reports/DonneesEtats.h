@@ -1,6 +1,8 @@
 #pragma once
-// Porte des données des états : les lignes que la base donne aux états qui ne passent pas
-// par les portes de la consultation (grand livre).
+// Porte des données des états. Balances, grand livre et journaux lisent la base d'extraction
+// sauve.mdb faite à l'ouverture des éditions (les chiffres du moment) ; le centralisateur, le
+// bilan et le plan lisent la base principale, leurs tables de travail y étant remplies juste
+// avant.
 
 #include "base/Montant.h"
 #include "store/Enregistrements.h"
@@ -24,12 +26,29 @@ struct LigneDuLivre {
     bool debit = false;
 };
 
-// Le grand livre de l'exercice : chaque compte qui a un solde d'ouverture ou un mouvement,
-// hors collectifs (Menu 155 et 165), par numéro, puis ses lignes par numéro d'écriture.
-// compte vide : tous les comptes ; sinon ce compte seul.
-void LireGrandLivre(const QString& cle, const QString& compte,
+// Le grand livre tiré de la requête GrandLiv de la base d'extraction (à refaire d'abord par
+// CreerVueGrandLivre) : chaque compte qui a des lignes et un montant, hors collectifs (Menu
+// 155 et 165), par numéro, puis ses lignes par numéro d'écriture. compte vide : tous les
+// comptes ; sinon ce compte seul.
+void LireGrandLivre(const QString& dossier, const QString& cle, const QString& compte,
                     const std::function<void(const CompteDuLivre&)>& surCompte,
                     const std::function<void(const LigneDuLivre&)>& surLigne);
+
+// Comptes d'une balance de la base d'extraction, par numéro : "G" générale (hors tiers),
+// "C" clients, "F" fournisseurs ; seulement ceux qui ont un solde d'ouverture ou un mouvement.
+std::vector<CompteDuLivre> ComptesDeLaBalance(const QString& dossier, const QString& cle,
+                                              const QString& code);
+
+struct LigneDuJournal {
+    double numero = 0;
+    QString dateEcr, journal, compte, libelle; // date AAAAMMJJ
+    Montant montant;
+    bool debit = false;
+};
+// Lignes d'un journal ("*" : tous) de la base d'extraction par numéro ; mois 1 à 12 lu sur
+// la date d'écriture, 0 pour tout l'exercice.
+void LireJournal(const QString& dossier, const QString& cle, const QString& code, int mois,
+                 const std::function<void(const LigneDuJournal&)>& surLigne);
 
 struct LigneJourCent {
     int numero = 0;

@@ -113,7 +113,6 @@ void Editions::ImprimerBalance(const QString& code) {
 }
 
 void Editions::ImprimerGrdLivre(const QString& compte) {
-    etats::CreerVueGrandLivre(session().DossierDonnees, CleCourante(), compte);
     Imprimer(rapport::EtatGrandLivre(compte));
 }
 

@@ -153,18 +153,19 @@ int Peindre(const Document& d, QPagedPaintDevice& appareil, const QString& dateE
     for (const Page& page : pages) {
         if (faites > 0 && !appareil.newPage()) break;
         double y = g.marge;
-        // En-tête : société, titre, date d'édition ; période et date de saisie.
+        // En-tête : société et date d'édition ; le titre sur toute la largeur (un titre de
+        // journal avec son mois est long) ; période et date de saisie.
         peintre.setFont(pi.grasse);
-        pi.Texte(pi.R(g.marge, y, large / 3, 6), d.societe, Alignement::Gauche, true);
+        pi.Texte(pi.R(g.marge, y, large * 0.6, 5), d.societe, Alignement::Gauche, true);
         peintre.setFont(pi.normale);
-        pi.Texte(pi.R(droite - large / 3, y, large / 3, 6),
+        pi.Texte(pi.R(droite - large * 0.4, y, large * 0.4, 5),
                  QStringLiteral("Edité le ") + dateEdition, Alignement::Droite);
         peintre.setFont(pi.titre);
-        pi.Texte(pi.R(g.marge + large / 4, y, large / 2, 8), d.titre, Alignement::Centre, true);
+        pi.Texte(pi.R(g.marge, y + 5, large, 8), d.titre, Alignement::Centre, true);
         peintre.setFont(pi.normale);
-        pi.Texte(pi.R(g.marge, y + 8, large / 2, 5), d.Periode(), Alignement::Gauche);
+        pi.Texte(pi.R(g.marge, y + 13, large / 2, 5), d.Periode(), Alignement::Gauche);
         if (!d.dateSaisie.isEmpty())
-            pi.Texte(pi.R(droite - large / 2, y + 8, large / 2, 5),
+            pi.Texte(pi.R(droite - large / 2, y + 13, large / 2, 5),
                      QStringLiteral("Date de saisie : ") + d.dateSaisie, Alignement::Droite);
         y += g.entete;
         // Titres des colonnes, sur chaque page.

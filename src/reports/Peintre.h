@@ -19,7 +19,7 @@ namespace rapport {
 struct Gabarit {
     double largeur = 210, hauteur = 297;      // A4 portrait
     double marge = 12;                        // sur les quatre côtés
-    double entete = 17, titres = 6, pied = 7; // blocs fixes de chaque page
+    double entete = 20, titres = 6, pied = 7; // blocs fixes de chaque page
     double ligne = 4.6;                       // hauteur d'une ligne de l'état
 };
 

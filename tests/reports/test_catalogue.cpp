@@ -13,6 +13,8 @@
 
 #include <QProcess>
 #include <QtTest>
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
 
 using namespace rapport;
 using essai::Euros;
@@ -54,6 +56,8 @@ private slots:
                         {{"607", "D", 80}, {"44566", "D", 16}, {"401001", "C", 96}});
         essai::Ecriture("20/03/2024", "T", {{"512", "D", 120}, {"411001", "C", 120}});
         session().DateSaisieCourante = QStringLiteral("31/03/2024");
+        // Comme à l'ouverture des éditions.
+        QCOMPARE(etats::ExtraireExercice(dossier->Chemin(), essai::Cle), etats::Extraction::Faite);
     }
     void cleanup() {
         FermerBase();
@@ -120,9 +124,9 @@ private slots:
         QStringList comptes;
         for (const QString& t : Cellules(d, 3, Genre::EnTeteGroupe))
             comptes << t.section(' ', 0, 0);
-        // Les collectifs 400 et 410 restent hors du livre, les tiers y sont.
-        QCOMPARE(comptes,
-                 (QStringList{"101", "401001", "411001", "44566", "44571", "512", "607", "707"}));
+        // Les collectifs 400 et 410 restent hors du livre, les tiers y sont ; le capital,
+        // sans aucune ligne de l'exercice, n'est pas dans la requête du livre.
+        QCOMPARE(comptes, (QStringList{"401001", "411001", "44566", "44571", "512", "607", "707"}));
         // Dans chaque groupe, le solde courant finit sur le solde du compte, et les colonnes
         // débit et crédit font les cumuls du compte.
         QString numero;
@@ -155,6 +159,34 @@ private slots:
         QCOMPARE(Cellules(un, 3, Genre::EnTeteGroupe).size(), 1);
         QVERIFY(Cellules(un, 3, Genre::EnTeteGroupe).first().startsWith("512  Banque"));
         QCOMPARE(Cellules(un, 0).size(), 2); // solde de début et le règlement
+    }
+
+    // Les chiffres sont ceux de l'extraction : une écriture passée après n'y entre qu'à
+    // l'extraction suivante (nouvelle ouverture des éditions).
+    void etatsDeLExtraction_renouveleeAChaqueOuverture() {
+        essai::Ecriture("25/03/2024", "D", {{"607", "D", 7}, {"512", "C", 7}});
+        QCOMPARE(Cellules(EtatJournal("D", 0), 0), QStringList());
+        const Document avant = EtatBalance("G");
+        QCOMPARE(Cellules(avant, 3).at(Cellules(avant, 0).indexOf("607")), QStringLiteral("80,00"));
+        QCOMPARE(Cellules(EtatGrandLivre("607"), 0).size(), 2); // solde de début et l'achat
+        QCOMPARE(etats::ExtraireExercice(dossier->Chemin(), essai::Cle), etats::Extraction::Faite);
+        QCOMPARE(Cellules(EtatJournal("D", 0), 0), (QStringList{"12", "13"}));
+        const Document b = EtatBalance("G");
+        QCOMPARE(Cellules(b, 3).at(Cellules(b, 0).indexOf("607")), QStringLiteral("87,00"));
+        QCOMPARE(Cellules(EtatGrandLivre("607"), 0).size(), 3);
+    }
+
+    // Un compte de l'exercice précédent ou d'une autre société n'est pas dans l'extraction.
+    void extraction_exerciceSeul() {
+        SQLite::Database db(QFile::encodeName(dossier->Fichier("sauve.mdb")).toStdString());
+        SQLite::Statement q(db, "SELECT count(*), count(DISTINCT CleCpt) FROM Compte");
+        QVERIFY(q.executeStep());
+        QCOMPARE(q.getColumn(0).getInt(),
+                 essai::Compter("SELECT count(*) FROM Compte WHERE CleCpt='012024'"));
+        QCOMPARE(q.getColumn(1).getInt(), 1);
+        SQLite::Statement e(db, "SELECT count(*) FROM Ecriture WHERE CleCpt='012024'");
+        QVERIFY(e.executeStep());
+        QCOMPARE(e.getColumn(0).getInt(), 11);
     }
 
     void journalCentralisateur_moisParJournalEtTotauxAnnuels() {
