@@ -6,6 +6,7 @@
 #include "companies/OuvertureEcrans.h"
 #include "companies/Restauration.h"
 #include "companies/Societe.h"
+#include "fiscal/Fiscalite.h"
 #include "session/Session.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
@@ -262,6 +263,7 @@ void General::SMRestaure_Click() {
 }
 
 void General::SMBalFisc_Click() {
+    ConseilFiscal();
     Ouvrir(QStringLiteral("Fiscalite"));
 }
 

@@ -13,6 +13,7 @@
 #include "entry/ModifLib.h"
 #include "entry/SaisDC.h"
 #include "entry/Saislog.h"
+#include "fiscal/Fiscalite.h"
 #include "reports/Editions.h"
 #include "ui/Boite.h"
 #include "yearend/Cloture.h"
@@ -50,6 +51,7 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("Backup"), &Ouvrir<Backup>},
         {QStringLiteral("Cloture"), &Ouvrir<Cloture>},
         {QStringLiteral("Editions"), &Ouvrir<Editions>},
+        {QStringLiteral("Fiscalite"), &Ouvrir<Fiscalite>},
     };
 }
 
@@ -61,7 +63,7 @@ const QStringList& PasEncoreLivres() {
         QStringLiteral("Analy0"),   QStringLiteral("Budget00"), QStringLiteral("budget03"),
         QStringLiteral("Budget04"), QStringLiteral("Tresor00"), QStringLiteral("Tresor01"),
         QStringLiteral("Tresor02"), QStringLiteral("Tresor03"), QStringLiteral("Tresor04"),
-        QStringLiteral("Tresor05"), QStringLiteral("Fiscalite")};
+        QStringLiteral("Tresor05")};
     return noms;
 }
 

@@ -207,6 +207,28 @@ Document EtatPlan() {
     return d;
 }
 
+Document EtatBalanceFisc() {
+    Document d = Entete(QStringLiteral("BALANCE FISCALE"));
+    d.colonnes = {{QStringLiteral("Compte"), 1.2},
+                  {QStringLiteral("Intitulé"), 3.6},
+                  {QStringLiteral("Solde A.N."), 1.7, Alignement::Droite},
+                  {QStringLiteral("Mvt Débit"), 1.7, Alignement::Droite},
+                  {QStringLiteral("Mvt Crédit"), 1.7, Alignement::Droite},
+                  {QStringLiteral("Solde"), 1.7, Alignement::Droite},
+                  {QStringLiteral("Solde ant."), 1.7, Alignement::Droite}};
+    for (const etats::LigneFiscale& l : etats::LireFiscal())
+        d.Ajouter(Genre::Detail, {l.numCpt.trimmed(), l.intitule.trimmed(), TexteMontant(l.soldeAN),
+                                  TexteMontant(l.mvtDeb), TexteMontant(l.mvtCre),
+                                  TexteMontant(l.solde), TexteMontant(l.soldeAnt)});
+    Montant totDeb, totCre;
+    etats::TotauxFiscal(totDeb, totCre);
+    d.Ajouter(Genre::TotalGeneral, {QString(), QStringLiteral("Total des soldes débiteurs"),
+                                    QString(), QString(), QString(), TexteMontant(totDeb)});
+    d.Ajouter(Genre::TotalGeneral, {QString(), QStringLiteral("Total des soldes créditeurs"),
+                                    QString(), QString(), QString(), TexteMontant(totCre)});
+    return d;
+}
+
 QString TitreJournal(const QString& code, int mois) {
     QString titre = code == QLatin1String("V")   ? QStringLiteral("JOURNAL DES VENTES")
                     : code == QLatin1String("A") ? QStringLiteral("JOURNAL DES ACHATS")

@@ -36,6 +36,10 @@ Document EtatResulBilan(const QString& code);
 // Plan comptable : tous les comptes de l'exercice, même sans montant.
 Document EtatPlan();
 
+// Balance fiscale : la table Fiscal telle que la dernière création l'a laissée, montants
+// signés (débit positif), et les totaux des soldes débiteurs et créditeurs.
+Document EtatBalanceFisc();
+
 // Titre d'un journal, suivi du nom du mois quand un mois est choisi.
 QString TitreJournal(const QString& code, int mois);
 

@@ -291,6 +291,23 @@ void CreerVueGrandLivre(const QString& dossier, const QString& cle, const QStrin
     db.exec(sql.toStdString());
 }
 
+std::vector<LigneFiscale> LireFiscal() {
+    std::vector<LigneFiscale> lignes;
+    SQLite::Statement q(Base(), "SELECT NumCpt, Intitule, SoldeAN, MvtDeb, MvtCre, Solde, "
+                                "SoldeAnt FROM Fiscal ORDER BY rowid");
+    while (q.executeStep())
+        lignes.push_back({T(q, 0), T(q, 1), M(q, 2), M(q, 3), M(q, 4), M(q, 5), M(q, 6)});
+    return lignes;
+}
+
+void TotauxFiscal(Montant& totDeb, Montant& totCre) {
+    SQLite::Statement q(Base(), "SELECT COALESCE(SUM(CASE WHEN Solde > 0 THEN Solde END), 0), "
+                                "COALESCE(SUM(CASE WHEN Solde < 0 THEN Solde END), 0) FROM Fiscal");
+    q.executeStep();
+    totDeb = M(q, 0);
+    totCre = M(q, 1);
+}
+
 std::vector<table::Compte> ComptesDuPlan(const QString& cle) {
     std::vector<table::Compte> liste;
     SQLite::Statement q(Base(), "SELECT NumCpt, LibCpt, ErCpt, Bilan FROM Compte WHERE CleCpt = ? "

@@ -78,6 +78,16 @@ Extraction ExtraireExercice(const QString& dossier, const QString& cle);
 // pour un compte.
 void CreerVueGrandLivre(const QString& dossier, const QString& cle, const QString& compte);
 
+// La dernière balance fiscale (table Fiscal), dans l'ordre où elle a été écrite ; montants
+// signés, débit positif.
+struct LigneFiscale {
+    QString numCpt, intitule;
+    Montant soldeAN, mvtDeb, mvtCre, solde, soldeAnt;
+};
+std::vector<LigneFiscale> LireFiscal();
+// Sommes des soldes débiteurs (positifs) et créditeurs (négatifs, gardés négatifs).
+void TotauxFiscal(Montant& totDeb, Montant& totCre);
+
 // Tous les comptes de l'exercice, par numéro, même sans montant.
 std::vector<table::Compte> ComptesDuPlan(const QString& cle);
 

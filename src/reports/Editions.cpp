@@ -7,7 +7,6 @@
 #include "reports/Impression.h"
 #include "session/Session.h"
 #include "ui/Boite.h"
-#include "ui/Dialogues.h"
 
 #include "ui_Editions.h"
 
@@ -95,17 +94,7 @@ void Editions::done(int resultat) {
 }
 
 void Editions::Imprimer(const rapport::Document& document) {
-    QString fichier;
-    if (ui->CBPdf->isChecked()) {
-        fichier = ui::ChoisirFichierEnregistrer(QStringLiteral("Enregistrer l'état en PDF"),
-                                                document.titre.toLower() + QStringLiteral(".pdf"),
-                                                QStringLiteral("PDF (*.pdf)|*.pdf"));
-        if (fichier.isEmpty()) {
-            rapport::AnnoncerImpressionAnnulee();
-            return;
-        }
-    }
-    rapport::ImprimerEtat(document, fichier);
+    rapport::ImprimerOuEnregistrer(document, ui->CBPdf->isChecked());
 }
 
 void Editions::ImprimerBalance(const QString& code) {

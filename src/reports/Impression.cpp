@@ -153,4 +153,18 @@ int ImprimerEtat(const Document& document, const QString& fichierPdf) {
     return imprime ? 0 : -1;
 }
 
+int ImprimerOuEnregistrer(const Document& document, bool enPdf) {
+    QString fichier;
+    if (enPdf) {
+        fichier = ui::ChoisirFichierEnregistrer(QStringLiteral("Enregistrer l'état en PDF"),
+                                                document.titre.toLower() + QStringLiteral(".pdf"),
+                                                QStringLiteral("PDF (*.pdf)|*.pdf"));
+        if (fichier.isEmpty()) {
+            AnnoncerImpressionAnnulee();
+            return -1;
+        }
+    }
+    return ImprimerEtat(document, fichier);
+}
+
 } // namespace rapport

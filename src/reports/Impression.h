@@ -30,4 +30,8 @@ bool ChoixImprimante(QPrinter& imprimante);
 // message a été montré), -1 si l'utilisateur a annulé.
 int ImprimerEtat(const Document& document, const QString& fichierPdf = QString());
 
+// Imprime l'état, ou, enPdf vrai, l'écrit dans le fichier PDF choisi par le dialogue
+// d'enregistrement (refusé : "L'impression est annulée."). Même réponse qu'ImprimerEtat.
+int ImprimerOuEnregistrer(const Document& document, bool enPdf);
+
 } // namespace rapport

@@ -2,6 +2,7 @@
 
 #include "base/ErreurExecution.h"
 #include "base/Montant.h"
+#include "session/FichierProfil.h"
 #include "store/Base.h"
 #include "store/Routines.h"
 
@@ -48,4 +49,11 @@ int PlanSuffisant() {
 
 QString CheminIni() {
     return QDir(session().DossierDonnees).filePath(QStringLiteral("maroval.ini"));
+}
+
+QString DossierDisquette() {
+    const QString dossier = FichierProfil(CheminIni())
+                                .Lire(QStringLiteral("Options"), QStringLiteral("Disquette"))
+                                .trimmed();
+    return dossier.isEmpty() ? QStringLiteral("/media/floppy") : dossier;
 }

@@ -57,3 +57,7 @@ int PlanSuffisant();
 
 // Chemin de maroval.ini dans le dossier des données.
 QString CheminIni();
+
+// Le dossier qui tient lieu de lecteur de disquettes (maroval.ini, Options/Disquette) :
+// une clé USB, un dossier partagé ; /media/floppy quand rien n'est réglé.
+QString DossierDisquette();

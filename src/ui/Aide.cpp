@@ -67,7 +67,7 @@ void Montrer(const QString& page, Dialogue type, const QString& detail) {
     f->show();
     f->raise();
     f->activateWindow();
-    NoterDialogue({type, f->windowTitle(), detail, QString(), page, trouvee});
+    NoterDialogue({type, f->windowTitle(), detail, QString(), page, trouvee, QString()});
 }
 
 } // namespace

@@ -79,7 +79,7 @@ QString ChoisirFichier(Dialogue type, const QString& titre, const QString& dossi
                                                                  : QFileDialog::AcceptSave,
                                         titre, dossier, nom, filtre);
     const QString detail = type == Dialogue::Ouvrir ? dossier : nom;
-    journal.append({type, titre, detail, filtre, choisi, !choisi.isEmpty()});
+    journal.append({type, titre, detail, filtre, choisi, !choisi.isEmpty(), dossier});
     return choisi;
 }
 
@@ -121,7 +121,7 @@ bool ChoisirImprimante(QPrinter& imprimante) {
         accepte = dialogue.exec() == QDialog::Accepted;
     }
     journal.append({Dialogue::Imprimante, QStringLiteral("Imprimer"), imprimante.printerName(),
-                    QString(), QString(), accepte});
+                    QString(), QString(), accepte, QString()});
     return accepte;
 }
 
@@ -141,8 +141,8 @@ bool Apercu(QPrinter& imprimante, const std::function<void(QPrinter*)>& peindre,
         LimiterEnEssai(dialogue);
         imprime = dialogue.exec() == QDialog::Accepted;
     }
-    journal.append(
-        {Dialogue::Apercu, titre, imprimante.printerName(), QString(), QString(), imprime});
+    journal.append({Dialogue::Apercu, titre, imprimante.printerName(), QString(), QString(),
+                    imprime, QString()});
     return imprime;
 }
 
@@ -154,7 +154,8 @@ bool OuvrirFichier(const QString& chemin) {
         reussie = true;
     else
         reussie = QDesktopServices::openUrl(QUrl::fromLocalFile(chemin));
-    journal.append({Dialogue::OuvrirFichier, QString(), chemin, QString(), chemin, reussie});
+    journal.append(
+        {Dialogue::OuvrirFichier, QString(), chemin, QString(), chemin, reussie, QString()});
     return reussie;
 }
 

@@ -21,6 +21,7 @@ struct EntreeDialogue {
     QString filtre;
     QString resultat; // fichier choisi ; vide si annulé
     bool accepte = false;
+    QString dossier; // dossier où le dialogue de fichier s'ouvre
 };
 
 // Filtres à la manière des anciens dialogues : "Sauvegarde (*.sav)|*.sav|Tous (*.*)|*.*".

@@ -39,6 +39,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"backup", {}},
         {"yearend", {}},
         {"reports", {"consultation"}},
+        {"fiscal", {"reports"}},
     };
     return t;
 }

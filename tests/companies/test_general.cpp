@@ -358,9 +358,12 @@ private slots:
     }
 
     void menus_ouvrentLeursEcrans() {
+        ui::RepondreBoite(ui::Reponse::Non); // le conseil avant la balance fiscale
         for (const char* cle : {"SMCreer", "SMSauve", "SMAncienne", "SMBalFisc"})
             Entree(cle);
         QCOMPARE(essai::EcransOuverts(), QStringList({"Plan2", "Backup", "Sauve", "Fiscalite"}));
+        QCOMPARE(ui::JournalBoites().size(), 1);
+        QCOMPARE(ui::JournalBoites()[0].titre, QStringLiteral("Attention"));
         Entree("SMIndex");
         QCOMPARE(ui::JournalDialogues().last().dialogue, ui::Dialogue::AideIndex);
     }
@@ -407,9 +410,10 @@ private slots:
 
     void ecransLivres_sontBranchesSurLeursEntrees() {
         ecran::OublierOuvreurs();
-        const QStringList attendus = {"Plan2",    "Choisais", "SaisDC",  "Saislog", "Annul",
-                                      "ModifLib", "Consult",  "Journal", "Balance", "Resultat",
-                                      "ConsCpt",  "BilGraph", "Backup"};
+        const QStringList attendus = {"Plan2",   "Choisais", "SaisDC",   "Saislog",
+                                      "Annul",   "ModifLib", "Consult",  "Journal",
+                                      "Balance", "Resultat", "ConsCpt",  "BilGraph",
+                                      "Backup",  "Cloture",  "Editions", "Fiscalite"};
         for (const QString& nom : attendus)
             QVERIFY2(ecran::EcranDisponible(nom), qPrintable(nom));
         QVERIFY(!ecran::EcranDisponible("EcranInconnu"));
