@@ -15,6 +15,12 @@
 #include "entry/Saislog.h"
 #include "fiscal/Fiscalite.h"
 #include "reports/Editions.h"
+#include "treasury/Previsions.h"
+#include "treasury/Rappr.h"
+#include "treasury/Tresor00.h"
+#include "treasury/Tresor01.h"
+#include "treasury/Tresor02.h"
+#include "treasury/Tresor05.h"
 #include "ui/Boite.h"
 #include "yearend/Cloture.h"
 
@@ -52,18 +58,22 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("Cloture"), &Ouvrir<Cloture>},
         {QStringLiteral("Editions"), &Ouvrir<Editions>},
         {QStringLiteral("Fiscalite"), &Ouvrir<Fiscalite>},
+        {QStringLiteral("Tresor00"), &Ouvrir<Tresor00>},
+        {QStringLiteral("Tresor01"), &Ouvrir<Tresor01>},
+        {QStringLiteral("Tresor02"), &Ouvrir<Tresor02>},
+        {QStringLiteral("Tresor03"), &Ouvrir<Tresor03>},
+        {QStringLiteral("Tresor04"), &Ouvrir<Tresor04>},
+        {QStringLiteral("Tresor05"), &Ouvrir<Tresor05>},
+        {QStringLiteral("Rappr"), &Ouvrir<Rappr>},
     };
 }
 
 // Les écrans que l'écran principal et ses voisins demandent sans qu'ils existent encore :
 // leur entrée prévient l'utilisateur.
 const QStringList& PasEncoreLivres() {
-    static const QStringList noms = {
-        QStringLiteral("Rappr"),    QStringLiteral("Sauve"),    QStringLiteral("Restaure"),
-        QStringLiteral("Analy0"),   QStringLiteral("Budget00"), QStringLiteral("budget03"),
-        QStringLiteral("Budget04"), QStringLiteral("Tresor00"), QStringLiteral("Tresor01"),
-        QStringLiteral("Tresor02"), QStringLiteral("Tresor03"), QStringLiteral("Tresor04"),
-        QStringLiteral("Tresor05")};
+    static const QStringList noms = {QStringLiteral("Sauve"),    QStringLiteral("Restaure"),
+                                     QStringLiteral("Analy0"),   QStringLiteral("Budget00"),
+                                     QStringLiteral("budget03"), QStringLiteral("Budget04")};
     return noms;
 }
 

@@ -40,6 +40,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"yearend", {}},
         {"reports", {"consultation"}},
         {"fiscal", {"reports"}},
+        {"treasury", {}},
     };
     return t;
 }

@@ -1,0 +1,63 @@
+#include "treasury/Tresor00.h"
+
+#include "treasury/Previsions.h"
+#include "treasury/Tresor01.h"
+#include "treasury/Tresor02.h"
+#include "treasury/Tresor05.h"
+#include "ui/Aide.h"
+
+#include "ui_Tresor00.h"
+
+namespace ecran {
+
+namespace {
+
+template <class T> void Montrer(QWidget* parent) {
+    T e(parent);
+    e.exec();
+}
+
+} // namespace
+
+Tresor00::Tresor00(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor00>()) {
+    ui->setupUi(this);
+    connect(ui->Command1, &QPushButton::clicked, this, &Tresor00::Command1_Click);
+    connect(ui->Command2, &QPushButton::clicked, this, &Tresor00::Command2_Click);
+    connect(ui->Command3, &QPushButton::clicked, this, &Tresor00::Command3_Click);
+    connect(ui->Command4, &QPushButton::clicked, this, &Tresor00::Command4_Click);
+    connect(ui->Command5, &QPushButton::clicked, this, &Tresor00::Command5_Click);
+    connect(ui->Command6, &QPushButton::clicked, this, &Tresor00::Command6_Click);
+    connect(ui->Command7, &QPushButton::clicked, this, &Tresor00::Command7_Click);
+}
+
+Tresor00::~Tresor00() = default;
+
+void Tresor00::Command1_Click() {
+    Montrer<Tresor02>(this);
+}
+
+void Tresor00::Command2_Click() {
+    Montrer<Tresor01>(this);
+}
+
+void Tresor00::Command3_Click() {
+    Retour();
+}
+
+void Tresor00::Command4_Click() {
+    Montrer<Tresor03>(this);
+}
+
+void Tresor00::Command5_Click() {
+    ui::AfficherAide(16);
+}
+
+void Tresor00::Command6_Click() {
+    Montrer<Tresor04>(this);
+}
+
+void Tresor00::Command7_Click() {
+    Montrer<Tresor05>(this);
+}
+
+} // namespace ecran
