@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QHash>
 #include <QUuid>
+#include <deque>
+#include <map>
 #include <random>
 #include <stdexcept>
 
@@ -166,7 +168,11 @@ public:
         const int tirage = Entre(1, 100);
         Base().exec("DELETE FROM wSaisie");
         if (tirage <= 30) {
-            PoserVente(Entre(0, o.clients - 1), Entre(5000, 500000), date);
+            // Le même tirage qu'avant, dans l'ordre où g++ évaluait les arguments.
+            const long long ht = Entre(5000, 500000);
+            const int client = static_cast<int>(Entre(0, o.clients - 1));
+            PoserVente(client, ht, date);
+            if (o.reglementsDesFactures) dues[client].push_back(ht + Tva(ht));
             return Passer(3);
         }
         if (tirage <= 55) {
@@ -180,8 +186,13 @@ public:
             return Passer(3);
         }
         if (tirage <= 75) {
-            const QString c = Client(Entre(0, o.clients - 1));
-            const long long m = Entre(5000, 400000);
+            const int client = static_cast<int>(Entre(0, o.clients - 1));
+            const QString c = Client(client);
+            long long m = Entre(5000, 400000);
+            if (o.reglementsDesFactures && !dues[client].empty()) {
+                m = dues[client].front();
+                dues[client].pop_front();
+            }
             Poser("512", true, m, "T", date, QStringLiteral("Règlement ") + c);
             Poser(c, false, m, "T", date, QStringLiteral("Règlement ") + c);
             return Passer(2);
@@ -213,6 +224,7 @@ private:
 
     const Options& o;
     std::mt19937_64 hasard;
+    std::map<int, std::deque<long long>> dues; // factures encore dues, par client
 };
 
 void CopierBase(const QString& de, const QString& vers) {

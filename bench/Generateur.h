@@ -17,6 +17,9 @@ struct Options {
     int clients = 40;
     int fournisseurs = 15;
     unsigned graine = 2024;
+    // Un règlement de client paie exactement sa plus ancienne facture encore due (sinon un
+    // montant au hasard) : le lettrage trouve alors ses paires.
+    bool reglementsDesFactures = false;
     // Construire la base en mémoire (/dev/shm) puis la copier : les écritures durables n'y
     // coûtent presque rien, et c'est PasserEcriture qu'on mesure ailleurs, pas le disque.
     bool enMemoire = true;

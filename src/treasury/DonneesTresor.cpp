@@ -6,6 +6,7 @@
 
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
+#include <algorithm>
 #include <optional>
 #include <sqlite3.h>
 
@@ -68,18 +69,32 @@ int NombreComptes(const QString& cle, int menu) {
 }
 
 void LettrerUnCpt(const QString& numCpt, int exercice, Montant sde) {
-    const QString basse = CleExercice(session().NumSocCourante, exercice);
-    const QString haute = CleExercice(session().NumSocCourante, session().ExerciceCourant);
-    // Les lignes ouvertes, lues par numéro croissant : l'ordre chronologique promis.
-    SQLite::Statement q(Base(), "SELECT CleCpt, NumEcr, MntEcr FROM Ecriture WHERE CleCpt >= ? "
-                                "AND CleCpt <= ? AND NumCptEcr = ? AND Lettrage = 0 ORDER BY "
-                                "CleCpt, NumEcr");
-    q.bind(1, basse.toStdString());
-    q.bind(2, haute.toStdString());
-    q.bind(3, numCpt.trimmed().toStdString());
+    // Les clés des exercices de la plage, une par une : la recherche passe alors par l'index
+    // des comptes au lieu de parcourir toutes les lignes de la plage.
+    QStringList cles;
+    for (int annee = exercice; annee <= session().ExerciceCourant; ++annee)
+        cles << CleExercice(session().NumSocCourante, annee);
+    if (cles.isEmpty()) return;
+    std::string sql = "SELECT CleCpt, NumEcr, MntEcr FROM Ecriture WHERE NumCptEcr = ? AND "
+                      "Lettrage = 0 AND CleCpt IN (?";
+    for (qsizetype i = 1; i < cles.size(); ++i)
+        sql += ", ?";
+    // Triées ici et non par la requête : un ORDER BY ferait préférer l'index des numéros,
+    // qui parcourt toutes les lignes de l'exercice pour chaque compte.
+    sql += ")";
+    SQLite::Statement q(Base(), sql);
+    q.bind(1, numCpt.trimmed().toStdString());
+    for (qsizetype i = 0; i < cles.size(); ++i)
+        q.bind(static_cast<int>(i) + 2, cles[i].toStdString());
+    std::vector<LigneALettrer> lues;
+    while (q.executeStep())
+        lues.push_back({T(q, 0), q.getColumn(1).getDouble(), M(q, 2), 0});
+    // Les lignes ouvertes par numéro croissant : l'ordre chronologique promis.
+    std::sort(lues.begin(), lues.end(), [](const LigneALettrer& a, const LigneALettrer& b) {
+        return a.cle != b.cle ? a.cle < b.cle : a.numEcr < b.numEcr;
+    });
     std::vector<LigneALettrer> positives, negatives;
-    while (q.executeStep()) {
-        const LigneALettrer l{T(q, 0), q.getColumn(1).getDouble(), M(q, 2), 0};
+    for (const LigneALettrer& l : lues) {
         // Une ligne à zéro ne peut rien lettrer : ni le solde de début ni une facture.
         if (l.mntEcr > Montant())
             positives.push_back(l);
@@ -153,7 +168,8 @@ std::vector<LigneTiers> Lignes(const QString& cle, const QString& numCpt, Choix 
                       "FROM Ecriture WHERE CleCpt = ? AND NumCptEcr = ?";
     if (choix == Choix::Ouvertes) sql += " AND Lettrage = 0";
     if (choix == Choix::Pointees) sql += " AND Lettrage = 1";
-    sql += " ORDER BY NumEcr";
+    // « +NumEcr » : la recherche passe par l'index des comptes, le tri se fait ensuite.
+    sql += " ORDER BY +NumEcr";
     SQLite::Statement q(Base(), sql);
     q.bind(1, cle.toStdString());
     q.bind(2, numCpt.trimmed().toStdString());

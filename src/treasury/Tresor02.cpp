@@ -54,6 +54,8 @@ Tresor02::Tresor02(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
         ui->Tree2->FixerLargeurColonne(c, largeurs2[c]);
     for (int c : {4, 5})
         ui->Tree2->FixerAlignementColonne(c, Qt::AlignRight | Qt::AlignVCenter);
+    // Le choix des lignes se voit à leur fond rouge, non à la sélection de la vue.
+    ui->Tree2->setSelectionMode(QAbstractItemView::NoSelection);
     // L'ordre des lignes est celui des numéros : la liste ne se trie pas.
     for (int c = 0; c < 6; ++c)
         ui->Tree2->FixerColonneTriable(c, false);
