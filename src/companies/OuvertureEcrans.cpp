@@ -1,6 +1,9 @@
 #include "companies/OuvertureEcrans.h"
 
 #include "backup/Backup.h"
+#include "budget/Budget00.h"
+#include "budget/Budget04.h"
+#include "budget/ControleDetaille.h"
 #include "chart/Plan2.h"
 #include "consultation/Balance.h"
 #include "consultation/BilGraph.h"
@@ -65,15 +68,17 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("Tresor04"), &Ouvrir<Tresor04>},
         {QStringLiteral("Tresor05"), &Ouvrir<Tresor05>},
         {QStringLiteral("Rappr"), &Ouvrir<Rappr>},
+        {QStringLiteral("Budget00"), &Ouvrir<Budget00>},
+        {QStringLiteral("budget03"), &Ouvrir<budget03>},
+        {QStringLiteral("Budget04"), &Ouvrir<Budget04>},
     };
 }
 
 // Les écrans que l'écran principal et ses voisins demandent sans qu'ils existent encore :
 // leur entrée prévient l'utilisateur.
 const QStringList& PasEncoreLivres() {
-    static const QStringList noms = {QStringLiteral("Sauve"),    QStringLiteral("Restaure"),
-                                     QStringLiteral("Analy0"),   QStringLiteral("Budget00"),
-                                     QStringLiteral("budget03"), QStringLiteral("Budget04")};
+    static const QStringList noms = {QStringLiteral("Sauve"), QStringLiteral("Restaure"),
+                                     QStringLiteral("Analy0")};
     return noms;
 }
 

@@ -77,7 +77,7 @@ void Rappr::Form_Load() {
 }
 
 QString Rappr::CompteChoisi() const {
-    const int ligne = ui->Tree1->LigneCourante();
+    const int ligne = ui->Tree1->LigneChoisie();
     return ligne < 0 ? QString() : ui->Tree1->DonneeLigne(ligne).toString().trimmed();
 }
 

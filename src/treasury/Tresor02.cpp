@@ -114,7 +114,7 @@ void Tresor02::Form_Load() {
 }
 
 QString Tresor02::CompteChoisi() const {
-    const int ligne = ui->Tree1->LigneCourante();
+    const int ligne = ui->Tree1->LigneChoisie();
     return ligne < 0 ? QString() : ui->Tree1->Texte(ligne, 0).trimmed();
 }
 

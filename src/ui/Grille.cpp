@@ -200,6 +200,11 @@ int Grille::LigneCourante() const {
     return i.isValid() ? i.row() : -1;
 }
 
+int Grille::LigneChoisie() const {
+    const int ligne = LigneCourante();
+    return EstSelectionnee(ligne) ? ligne : -1;
+}
+
 void Grille::FixerLigneCourante(int ligne) {
     modele->FinRemplissage();
     setCurrentIndex(Index(ligne));

@@ -86,6 +86,9 @@ public:
 
     // Sélection et ligne courante (-1 sans ligne).
     int LigneCourante() const;
+    // La ligne courante si elle est sélectionnée (choisie par l'utilisateur), sinon -1 : la
+    // vue fait d'elle-même de la première ligne la courante quand elle prend le focus.
+    int LigneChoisie() const;
     void FixerLigneCourante(int ligne);
     QList<int> LignesSelectionnees() const;
     bool EstSelectionnee(int ligne) const;

@@ -41,6 +41,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"reports", {"consultation"}},
         {"fiscal", {"reports"}},
         {"treasury", {}},
+        {"budget", {}},
     };
     return t;
 }
