@@ -1,6 +1,7 @@
 #include "base/Texte.h"
 
 #include <array>
+#include <cmath>
 
 bool EstBlanc(QChar c) {
     switch (c.unicode()) {
@@ -103,4 +104,22 @@ QString TexteErreur(const QString& texte, int numeroErreur, const QString& libel
     return texte + u'\n' + tirets + u'\n' + QStringLiteral("Erreur numéro  : ") +
            QString::number(numeroErreur) + u'\n' + QStringLiteral("Libellé erreur :") +
            libelleErreur + u'\n' + tirets;
+}
+
+QString FormatPourcent(double fraction) {
+    return QString::number(fraction * 100, 'f', 2).replace(QLatin1Char('.'), QLatin1Char(',')) +
+           QLatin1Char('%');
+}
+
+bool LirePourcentage(const QString& texte, double& valeur) {
+    QString t = VirguleVersPoint(texte.trimmed());
+    if (t.endsWith(QLatin1Char('%'))) t.chop(1);
+    t = t.trimmed();
+    if (t.isEmpty()) {
+        valeur = 0;
+        return true;
+    }
+    bool ok = false;
+    valeur = t.toDouble(&ok);
+    return ok && std::isfinite(valeur);
 }

@@ -29,3 +29,9 @@ QString VirguleVersPoint(const QString& texte);
 // Texte de la boîte d'erreur d'exécution : texte donné, ligne de tirets, numéro et libellé
 // de l'erreur, ligne de tirets.
 QString TexteErreur(const QString& texte, int numeroErreur, const QString& libelleErreur);
+
+// Une fraction comme l'image "0.00%" la montre : 0,2 donne "20,00%".
+QString FormatPourcent(double fraction);
+// Un pourcentage tapé ou affiché ("30", "30.5", "30,00%") ; vide vaut 0 ; faux s'il ne se
+// lit pas.
+bool LirePourcentage(const QString& texte, double& valeur);

@@ -22,26 +22,6 @@ QString Affiche(Montant m) {
     return FormaterMontant(m, session().FormatMontant);
 }
 
-// Une fraction comme l'image "0.00%" la montre : 0,2 donne "20,00%".
-QString Pourcent(double fraction) {
-    return QString::number(fraction * 100, 'f', 2).replace(QLatin1Char('.'), QLatin1Char(',')) +
-           QLatin1Char('%');
-}
-
-// Un pourcentage tapé ou affiché ("30", "30,5", "30,00%") ; faux s'il ne se lit pas.
-bool LirePourcentage(const QString& texte, double& valeur) {
-    QString t = VirguleVersPoint(texte.trimmed());
-    if (t.endsWith(QLatin1Char('%'))) t.chop(1);
-    t = t.trimmed();
-    if (t.isEmpty()) {
-        valeur = 0;
-        return true;
-    }
-    bool ok = false;
-    valeur = t.toDouble(&ok);
-    return ok;
-}
-
 // Un montant tapé : chiffres, blancs, un signe, une virgule ou un point.
 bool MontantLisible(const QString& texte) {
     static const QRegularExpression forme(QStringLiteral("^-?[0-9 ]*([.,][0-9]*)?$"));
@@ -81,7 +61,7 @@ SaisieBudget::SaisieBudget(QWidget* parent, bool suivant)
             ui::Boite(QStringLiteral("Votre saisie n'est pas correcte, recommencez"));
             return ui::Grille::Validation::GarderOuvert;
         }
-        texte = Pourcent(p / 100);
+        texte = FormatPourcent(p / 100);
         if (CalculCumulPrc(ligne, p))
             CalculPrct(ligne, p);
         else
@@ -244,7 +224,7 @@ void SaisieBudget::Text1_Entree() {
     }
     const int ligne = ui->Tree2->LigneCourante();
     if (ModeVentil == 2 && ligne >= 0) {
-        ui->Label5->setText(Pourcent(1));
+        ui->Label5->setText(FormatPourcent(1));
         for (int i = 0; i < ui->Tree2->NombreLignes(); ++i)
             ui->Tree2->FixerTexte(i, ColonnePrevision, Affiche(Montant()));
         ui->Tree2->EditerCellule(ligne, ColonnePourcentage);
@@ -268,7 +248,7 @@ bool SaisieBudget::CalculCumulPrc(int ligne, double pourcentage) {
             LirePourcentage(ui->Tree2->Texte(i, ColonnePourcentage), p);
         somme += p;
     }
-    ui->Label5->setText(Pourcent((100 - somme) / 100));
+    ui->Label5->setText(FormatPourcent((100 - somme) / 100));
     return somme <= 100 + 1e-9;
 }
 

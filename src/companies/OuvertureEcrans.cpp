@@ -1,5 +1,6 @@
 #include "companies/OuvertureEcrans.h"
 
+#include "analytic/Analy0.h"
 #include "backup/Backup.h"
 #include "budget/Budget00.h"
 #include "budget/Budget04.h"
@@ -69,6 +70,7 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("Tresor05"), &Ouvrir<Tresor05>},
         {QStringLiteral("Rappr"), &Ouvrir<Rappr>},
         {QStringLiteral("Budget00"), &Ouvrir<Budget00>},
+        {QStringLiteral("Analy0"), &Ouvrir<Analy0>},
         {QStringLiteral("budget03"), &Ouvrir<budget03>},
         {QStringLiteral("Budget04"), &Ouvrir<Budget04>},
     };
@@ -77,8 +79,7 @@ QHash<QString, Ouvreur> Livres() {
 // Les écrans que l'écran principal et ses voisins demandent sans qu'ils existent encore :
 // leur entrée prévient l'utilisateur.
 const QStringList& PasEncoreLivres() {
-    static const QStringList noms = {QStringLiteral("Sauve"), QStringLiteral("Restaure"),
-                                     QStringLiteral("Analy0")};
+    static const QStringList noms = {QStringLiteral("Sauve"), QStringLiteral("Restaure")};
     return noms;
 }
 

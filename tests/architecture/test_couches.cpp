@@ -42,6 +42,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"fiscal", {"reports"}},
         {"treasury", {}},
         {"budget", {}},
+        {"analytic", {}},
     };
     return t;
 }
