@@ -26,9 +26,10 @@ bench: configure
 
 fuzz: dependances
 	@test -f build-fuzz/build.ninja || CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DMAROVAL_FUZZ=ON
-	cmake --build build-fuzz -j $(JOBS) --target fuzz_textes
-	@mkdir -p build-fuzz/corpus
+	cmake --build build-fuzz -j $(JOBS) --target fuzz_textes fuzz_szdd
+	@mkdir -p build-fuzz/corpus build-fuzz/corpus-szdd
 	build-fuzz/fuzz/fuzz_textes -max_total_time=60 -rss_limit_mb=2048 build-fuzz/corpus fuzz/corpus
+	build-fuzz/fuzz/fuzz_szdd -max_total_time=60 -rss_limit_mb=2048 build-fuzz/corpus-szdd fuzz/corpus-szdd
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')

@@ -2,6 +2,8 @@
 
 #include "analytic/Analy0.h"
 #include "backup/Backup.h"
+#include "backup/Restaure.h"
+#include "backup/Sauve.h"
 #include "budget/Budget00.h"
 #include "budget/Budget04.h"
 #include "budget/ControleDetaille.h"
@@ -71,6 +73,8 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("Rappr"), &Ouvrir<Rappr>},
         {QStringLiteral("Budget00"), &Ouvrir<Budget00>},
         {QStringLiteral("Analy0"), &Ouvrir<Analy0>},
+        {QStringLiteral("Sauve"), &Ouvrir<Sauve>},
+        {QStringLiteral("Restaure"), &Ouvrir<Restaure>},
         {QStringLiteral("budget03"), &Ouvrir<budget03>},
         {QStringLiteral("Budget04"), &Ouvrir<Budget04>},
     };
@@ -79,7 +83,7 @@ QHash<QString, Ouvreur> Livres() {
 // Les écrans que l'écran principal et ses voisins demandent sans qu'ils existent encore :
 // leur entrée prévient l'utilisateur.
 const QStringList& PasEncoreLivres() {
-    static const QStringList noms = {QStringLiteral("Sauve"), QStringLiteral("Restaure")};
+    static const QStringList noms;
     return noms;
 }
 

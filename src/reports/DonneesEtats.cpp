@@ -1,6 +1,7 @@
 #include "reports/DonneesEtats.h"
 
 #include "store/Base.h"
+#include "store/BaseSauve.h"
 #include "store/Routines.h"
 
 #include <QDir>
@@ -22,7 +23,7 @@ QString T(const SQLite::Statement& q, int i) {
 }
 
 std::string CheminExtraction(const QString& dossier) {
-    return QFile::encodeName(QDir(dossier).filePath(QStringLiteral("sauve.mdb"))).toStdString();
+    return QFile::encodeName(CheminBaseSauve(dossier)).toStdString();
 }
 
 // La base d'extraction, en lecture seule : les états n'y changent rien.
@@ -226,55 +227,20 @@ std::vector<table::Wbilan> LireWbilan() {
 }
 
 Extraction ExtraireExercice(const QString& dossier, const QString& cle) {
-    const QString modele = QDir(dossier).filePath(QStringLiteral("sauveb.mdb"));
-    const QString sauve = QDir(dossier).filePath(QStringLiteral("sauve.mdb"));
-    try {
-        if (!QFile::exists(modele)) {
-            QFile schema(QStringLiteral(":/data/schema.sql"));
-            if (!schema.open(QIODevice::ReadOnly)) return Extraction::EchecRecopie;
-            SQLite::Database db(QFile::encodeName(modele).toStdString(),
-                                SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            db.exec(schema.readAll().toStdString());
-            db.exec("DROP TABLE Compte; DROP TABLE Ecriture;");
-        }
-    } catch (const SQLite::Exception&) {
-        QFile::remove(modele);
-        return Extraction::EchecRecopie;
-    }
-    QFile::remove(sauve);
-    if (!QFile::copy(modele, sauve)) return Extraction::EchecRecopie;
-    QFile::setPermissions(sauve, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    SQLite::Statement attacher(Base(), "ATTACH DATABASE ? AS sauve");
-    attacher.bind(1, QFile::encodeName(sauve).toStdString());
-    attacher.exec();
-    Extraction resultat = Extraction::Faite;
+    if (!RefaireBaseSauve(dossier)) return Extraction::EchecRecopie;
+    SauveAttachee sauve(dossier);
     for (const auto& [table, ordre, echec] :
          {std::tuple{"Ecriture", "NumEcr", Extraction::EchecEcriture},
           {"Compte", "NumCpt", Extraction::EchecCompte}}) {
         try {
-            // La table est créée comme dans la base (mêmes colonnes, mêmes comparaisons sans
-            // les blancs de fin), puis remplie de l'exercice seul.
-            SQLite::Statement d(Base(), "SELECT sql FROM main.sqlite_master WHERE type = "
-                                        "'table' AND name = ?");
-            d.bind(1, table);
-            if (!d.executeStep()) throw SQLite::Exception("table absente");
-            std::string creation = d.getColumn(0).getString();
-            creation.replace(0, std::string("CREATE TABLE ").size(), "CREATE TABLE sauve.");
-            Base().exec(creation);
-            SQLite::Statement q(Base(), std::string("INSERT INTO sauve.") + table +
-                                            " SELECT * FROM main." + table +
-                                            " WHERE CleCpt = ? ORDER BY " + ordre);
-            q.bind(1, cle.toStdString());
-            q.exec();
+            CopierVersSauve(table, "CleCpt = ?", {cle.toStdString()}, ordre);
             Base().exec(std::string("CREATE INDEX sauve.") + table + "_Etats ON " + table +
                         (std::string(table) == "Ecriture" ? " (NumCptEcr, NumEcr)" : " (NumCpt)"));
         } catch (const SQLite::Exception&) {
-            resultat = echec;
-            break;
+            return echec;
         }
     }
-    Base().exec("DETACH DATABASE sauve");
-    return resultat;
+    return Extraction::Faite;
 }
 
 void CreerVueGrandLivre(const QString& dossier, const QString& cle, const QString& compte) {
