@@ -531,3 +531,12 @@ CREATE INDEX "filtre_Bornes" ON "filtre" ("BorneInf", "BorneSup");
 CREATE INDEX "Tableau_Ligne" ON "Tableau" ("tMenuLigne");
 CREATE INDEX "PlanType_Plan" ON "PlanType" ("NumPlan", "NumCpt");
 CREATE INDEX "Wbilan_Clef" ON "Wbilan" ("Clef");
+
+-- Tables propres à Maroval, au-delà de celles d'origine. Une base d'une version précédente
+-- ne les a pas : elles y sont ajoutées une fois, à l'ouverture (d'où « IF NOT EXISTS »), et
+-- le contrôle d'une base accepte leur absence.
+-- Ajouts
+CREATE TABLE IF NOT EXISTS "SirenSociete" (
+  "NumSoc" INTEGER PRIMARY KEY,
+  "Siren" TEXT(9) COLLATE RTRIM NOT NULL DEFAULT ''
+);

@@ -1,6 +1,9 @@
 #include "base/Durable.h"
 
+#include <QByteArray>
 #include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -55,4 +58,14 @@ QString EssayerEcriture(const QString& dossier) {
     ::close(fd);
     ::unlink(nom.constData());
     return raison;
+}
+
+bool EcrireFichierEntier(const QString& chemin, const QByteArray& contenu) {
+    QSaveFile f(chemin);
+    if (!f.open(QIODevice::WriteOnly)) return false;
+    if (f.write(contenu) != contenu.size()) {
+        f.cancelWriting();
+        return false;
+    }
+    return f.commit() && SynchroniserDossier(QFileInfo(chemin).absolutePath());
 }

@@ -14,3 +14,8 @@ QString EssayerEcriture(const QString& dossier);
 // La raison d'un échec du système en français pour les cas qu'un utilisateur rencontre
 // (disque plein, protégé, absent...), sinon le texte du système.
 QString RaisonSysteme(int numero);
+
+// Écrit le fichier en entier ou pas du tout (nom temporaire, synchronisation, renommage,
+// synchronisation du dossier) : en cas d'échec rien de partiel ne reste et l'ancien fichier
+// de ce nom est intact.
+bool EcrireFichierEntier(const QString& chemin, const QByteArray& contenu);

@@ -88,6 +88,7 @@ General::General(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connect(ui->SMAncienne, &QAction::triggered, this, &General::SMAncienne_Click);
     connect(ui->SMRestaure, &QAction::triggered, this, &General::SMRestaure_Click);
     connect(ui->SMBalFisc, &QAction::triggered, this, &General::SMBalFisc_Click);
+    connect(ui->SMFEC, &QAction::triggered, this, &General::SMFEC_Click);
     connect(ui->SMSymbMon, &QAction::triggered, this, &General::SMSymbMon_Click);
     connect(ui->SMIndex, &QAction::triggered, this, &General::SMIndex_Click);
     connect(ui->SMPropos, &QAction::triggered, this, &General::SMPropos_Click);
@@ -265,6 +266,11 @@ void General::SMRestaure_Click() {
 void General::SMBalFisc_Click() {
     ConseilFiscal();
     Ouvrir(QStringLiteral("Fiscalite"));
+}
+
+void General::SMFEC_Click() {
+    // Comme les éditions : un plan, et des saisies en ordre.
+    if (PlanAuMoins(10) && ControlerSaisies()) Ouvrir(QStringLiteral("ExportFEC"));
 }
 
 void General::SMSymbMon_Click() {

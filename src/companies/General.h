@@ -42,6 +42,7 @@ public slots:
     void SMAncienne_Click();
     void SMRestaure_Click();
     void SMBalFisc_Click();
+    void SMFEC_Click();
     void SMSymbMon_Click();
     void SMIndex_Click();
     void SMPropos_Click();

@@ -19,6 +19,7 @@
 #include "entry/ModifLib.h"
 #include "entry/SaisDC.h"
 #include "entry/Saislog.h"
+#include "fec/ExportFEC.h"
 #include "fiscal/Fiscalite.h"
 #include "reports/Editions.h"
 #include "treasury/Previsions.h"
@@ -74,6 +75,7 @@ QHash<QString, Ouvreur> Livres() {
         {QStringLiteral("Budget00"), &Ouvrir<Budget00>},
         {QStringLiteral("Analy0"), &Ouvrir<Analy0>},
         {QStringLiteral("Sauve"), &Ouvrir<Sauve>},
+        {QStringLiteral("ExportFEC"), &Ouvrir<ExportFEC>},
         {QStringLiteral("Restaure"), &Ouvrir<Restaure>},
         {QStringLiteral("budget03"), &Ouvrir<budget03>},
         {QStringLiteral("Budget04"), &Ouvrir<Budget04>},

@@ -6,8 +6,6 @@
 #include "reports/DonneesEtats.h"
 #include "store/Base.h"
 
-#include <QFileInfo>
-#include <QSaveFile>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
@@ -190,16 +188,6 @@ QByteArray FichierLiaison(const std::vector<etats::LigneFiscale>& lignes, QChar 
         fichier += e;
     }
     return fichier;
-}
-
-bool EcrireFichier(const QString& chemin, const QByteArray& contenu) {
-    QSaveFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly)) return false;
-    if (f.write(contenu) != contenu.size()) {
-        f.cancelWriting();
-        return false;
-    }
-    return f.commit() && SynchroniserDossier(QFileInfo(chemin).absolutePath());
 }
 
 } // namespace fiscal

@@ -58,8 +58,4 @@ QByteArray Enregistrement(const etats::LigneFiscale& ligne, QChar decimal, QStri
 QByteArray FichierLiaison(const std::vector<etats::LigneFiscale>& lignes, QChar decimal,
                           QString* erreur);
 
-// Écrit le fichier en entier ou pas du tout (nom temporaire puis renommage) ; en cas
-// d'échec, rien de partiel ne reste et l'ancien fichier de ce nom est intact.
-bool EcrireFichier(const QString& chemin, const QByteArray& contenu);
-
 } // namespace fiscal

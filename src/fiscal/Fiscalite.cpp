@@ -1,5 +1,6 @@
 #include "fiscal/Fiscalite.h"
 
+#include "base/Durable.h"
 #include "base/Texte.h"
 #include "fiscal/DonneesFiscal.h"
 #include "reports/Catalogue.h"
@@ -132,7 +133,7 @@ void Fiscalite::EnregistrerLiaison() {
                       QDir::toNativeSeparators(chemin),
                   QStringLiteral("Maroval"), ui::Icone::Critique);
     };
-    if (!fiscal::EcrireFichier(temporaire, contenu)) {
+    if (!EcrireFichierEntier(temporaire, contenu)) {
         impossible(temporaire);
         return;
     }
@@ -145,7 +146,7 @@ void Fiscalite::EnregistrerLiaison() {
     } else {
         // Le fichier choisi est remplacé en entier ou pas du tout, depuis la copie temporaire.
         QFile copie(temporaire);
-        if (copie.open(QIODevice::ReadOnly) && fiscal::EcrireFichier(cible, copie.readAll()))
+        if (copie.open(QIODevice::ReadOnly) && EcrireFichierEntier(cible, copie.readAll()))
             Information(QStringLiteral("Le fichier ") + QDir::toNativeSeparators(cible) +
                         QStringLiteral(" a été créé !"));
         else

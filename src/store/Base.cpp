@@ -58,6 +58,14 @@ void LireLargeurs(SQLite::Database& db) {
 
 // Crée une base neuve à côté, la remplit, puis la met en place d'un seul renommage :
 // un arrêt pendant la création ne laisse jamais une base à moitié faite.
+// Les tables propres au programme ajoutées à une base d'une version précédente : la fin du
+// schéma, après la ligne « -- Ajouts », ne contient que des « IF NOT EXISTS ».
+void MettreANiveau(SQLite::Database& db) {
+    const QString schema = LireRessource(QStringLiteral(":/data/schema.sql"));
+    const qsizetype debut = schema.indexOf(QStringLiteral("-- Ajouts\n"));
+    if (debut >= 0) db.exec(schema.mid(debut).toStdString());
+}
+
 void CreerBase(const QString& chemin) {
     const QString provisoire = chemin + QStringLiteral(".creation");
     QFile::remove(provisoire);
@@ -97,6 +105,7 @@ void OuvrirBase(const QString& dossierDonnees) {
     g_base = std::make_unique<SQLite::Database>(chemin.toStdString(), SQLite::OPEN_READWRITE);
     g_chemin = chemin;
     Reglages(*g_base);
+    MettreANiveau(*g_base);
     LireLargeurs(*g_base);
     ui::FixerFermetureBase([] { FermerBase(); });
     ui::FixerDescriptionErreur(DescriptionErreurBase);

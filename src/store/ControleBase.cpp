@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -37,6 +39,22 @@ Structure LireStructure(SQLite::Database& db) {
     return s;
 }
 
+// Les tables propres au programme (« CREATE TABLE IF NOT EXISTS » du schéma) : une base
+// d'une version précédente peut ne pas les avoir, l'ouverture les ajoute.
+const QSet<QString>& TablesAjoutees() {
+    static const QSet<QString> ajoutees = [] {
+        QSet<QString> noms;
+        QFile f(QStringLiteral(":/data/schema.sql"));
+        if (!f.open(QIODevice::ReadOnly)) return noms;
+        static const QRegularExpression creation(
+            QStringLiteral("CREATE TABLE IF NOT EXISTS \"([^\"]+)\""));
+        for (auto it = creation.globalMatch(QString::fromUtf8(f.readAll())); it.hasNext();)
+            noms.insert(it.next().captured(1).toLower());
+        return noms;
+    }();
+    return ajoutees;
+}
+
 const Structure& StructureAttendue() {
     static const Structure attendue = [] {
         QFile f(QStringLiteral(":/data/schema.sql"));
@@ -62,7 +80,7 @@ QString Ecart(SQLite::Database& db) {
     for (auto t = attendue.cbegin(); t != attendue.cend(); ++t) {
         const auto l = lue.constFind(t.key());
         if (l == lue.cend()) {
-            tablesAbsentes << Guillemets(t->nom);
+            if (!TablesAjoutees().contains(t.key())) tablesAbsentes << Guillemets(t->nom);
             continue;
         }
         QStringList colonnes;

@@ -43,6 +43,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"treasury", {}},
         {"budget", {}},
         {"analytic", {}},
+        {"fec", {}},
     };
     return t;
 }

@@ -418,7 +418,7 @@ private slots:
             QVERIFY2(ecran::EcranDisponible(nom), qPrintable(nom));
         QVERIFY(!ecran::EcranDisponible("EcranInconnu"));
         QVERIFY(ecran::NomsEcransDemandes().contains("Tresor05"));
-        QCOMPARE(ecran::NomsEcransDemandes().size(), 29);
+        QCOMPARE(ecran::NomsEcransDemandes().size(), 30);
     }
 
     void ligneDeCommandeSav_lOuverturePrevientQuIlFautChoisir() {

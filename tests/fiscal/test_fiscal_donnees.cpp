@@ -3,6 +3,7 @@
 #include "EssaiFiscal.h"
 #include "support/DossierEssai.h"
 
+#include "base/Durable.h"
 #include "base/Reglages.h"
 #include "base/Windows1252.h"
 #include "fiscal/DonneesFiscal.h"
@@ -225,12 +226,12 @@ private slots:
     // fichier du même nom est remplacé en entier.
     void ecriture_entiereOuRien() {
         const QString chemin = dossier->Fichier("liaison.txt");
-        QVERIFY(fiscal::EcrireFichier(chemin, "ancien"));
-        QVERIFY(fiscal::EcrireFichier(chemin, "nouveau"));
+        QVERIFY(EcrireFichierEntier(chemin, "ancien"));
+        QVERIFY(EcrireFichierEntier(chemin, "nouveau"));
         QCOMPARE(essai::LireFichier(chemin), QByteArray("nouveau"));
-        QVERIFY(!fiscal::EcrireFichier(dossier->Fichier("absent/liaison.txt"), "x"));
+        QVERIFY(!EcrireFichierEntier(dossier->Fichier("absent/liaison.txt"), "x"));
         QVERIFY(!QFile::exists(dossier->Fichier("absent/liaison.txt")));
-        QVERIFY(!fiscal::EcrireFichier(chemin + "/liaison.txt", "x"));
+        QVERIFY(!EcrireFichierEntier(chemin + "/liaison.txt", "x"));
         QCOMPARE(essai::LireFichier(chemin), QByteArray("nouveau"));
         QCOMPARE(QDir(dossier->Chemin()).entryList({"liaison*"}, QDir::Files),
                  QStringList{"liaison.txt"});
