@@ -9,6 +9,7 @@
 #include "chart/Ouverture.h"
 #include "fec/EcritureFec.h"
 #include "fec/ExportFEC.h"
+#include "fec/LectureFec.h"
 #include "session/Session.h"
 #include "store/ControleBase.h"
 #include "ui/Application.h"
@@ -116,6 +117,13 @@ private slots:
         QCOMPARE(t.lignes, 13);
         QCOMPARE(t.debit, Euros(1756));
         QCOMPARE(t.credit, Euros(1756));
+        // Le lecteur des fichiers venus d'ailleurs le relit sans un refus.
+        const fec::FichierLu lu = fec::LireFec(fichier);
+        QCOMPARE(lu.refus, QStringList());
+        QCOMPARE(lu.ecritures.size(), std::size_t(5));
+        QCOMPARE(lu.lignes, 13);
+        QCOMPARE(lu.ecritures[1].lignes[0].ecritureLib,
+                 QStringLiteral("Facture Durand | \"urgent\" été"));
     }
 
     void aNouveauxDesequilibres_refus() {
