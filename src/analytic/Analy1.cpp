@@ -20,10 +20,6 @@ namespace {
 
 constexpr int ColonneSection = 4, ColonneNomSection = 5;
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 QString Deux(int n) {
     return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
 }
@@ -144,12 +140,8 @@ void Analy1::MajTree2() {
     for (const analytique::Section& s : sections)
         ui->Tree2->AjouterLigne({Deux(s.numero), s.nom}, s.numero);
     if (sections.size() < 4)
-        ui::Boite(QStringLiteral("Pour tenir votre comptabilité analytique, vous devez créer au "
-                                 "moins deux sections\navec un numéro compris entre 01 et 98.\n"
-                                 "Le numéro 00 signifie que l'écriture n'est pas encore affectée "
-                                 "à une section,\nLe numéro 99 signifie que l'écriture est à "
-                                 "ventiler dans plusieurs sections."),
-                  QStringLiteral("Maroval"), ui::Icone::Information);
+        ui::Boite(analytique::TexteSectionsManquantes(), QStringLiteral("Maroval"),
+                  ui::Icone::Information);
 }
 
 void Analy1::MajTree1() {
@@ -157,7 +149,7 @@ void Analy1::MajTree1() {
     const QString cle = CleCourante();
     for (const analytique::Compte& c : analytique::Comptes(cle, ui->BRCharges->isChecked())) {
         if (ui->BRCptAger->isChecked() && !analytique::CompteAGerer(cle, c.numero)) continue;
-        ui->Tree1->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
+        ui->Tree1->AjouterLigne({c.numero, c.libelle, AfficheMontant(c.solde)}, c.numero);
     }
     ui->Label6->clear();
     ui->Tree3->Vider();
@@ -186,7 +178,7 @@ void Analy1::MajTreeEcritures() {
     for (const analytique::Ligne& l : analytique::Lignes(cle, numero, filtre)) {
         const int ligne = ui->Tree3->AjouterLigne(
             {QString::number(static_cast<qint64>(l.numero)), DateVersEcran(l.dateEcr), l.libelle,
-             Affiche(l.montant), Deux(l.section), NomDeSection(cle, l.numero, l.section)},
+             AfficheMontant(l.montant), Deux(l.section), NomDeSection(cle, l.numero, l.section)},
             l.numero);
         if (l.section >= 1 && l.section <= 98) ui->Tree3->FixerCouleurLigne(ligne, Affectee);
     }

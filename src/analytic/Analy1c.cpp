@@ -17,10 +17,6 @@ namespace {
 
 constexpr int ColonnePourcentage = 2, ColonneValeur = 3;
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 // Pourcentage en centièmes exacts : 33,33 % + 33,33 % + 33,34 % font bien 100 %.
 qint64 Centiemes(double pourcentage) {
     return std::llround(pourcentage * 100);
@@ -93,14 +89,14 @@ void Analy1c::MajTree1() {
     const bool ventilee = LireVentilation(cle, numEcr, v);
     reste = ventilee ? 0 : 10000;
     ui->LRestePourc->setText(TextePourcent(reste));
-    ui->LRestVal->setText(Affiche(ventilee ? Montant() : montant));
+    ui->LRestVal->setText(AfficheMontant(ventilee ? Montant() : montant));
     ui->Tree1->Vider();
     for (const analytique::Section& s : analytique::Sections(cle, false)) {
         if (s.numero >= 99) break;
         QString pourcentage, valeur;
         const Montant part = v.Ventil[static_cast<std::size_t>(s.numero)];
         if (ventilee && !part.estNul()) {
-            valeur = Affiche(part);
+            valeur = AfficheMontant(part);
             if (!montant.estNul())
                 pourcentage = FormatPourcent(part.enDouble() / montant.enDouble());
         }
@@ -128,8 +124,8 @@ bool Analy1c::CalculCumulPrc(int ligne, qint64 centiemes) {
 void Analy1c::Poser(int ligne, qint64 centiemes) {
     CalculCumulPrc(ligne, centiemes);
     ui->Tree1->FixerTexte(ligne, ColonneValeur,
-                          centiemes == 0 ? QString() : Affiche(Part(montant, centiemes)));
-    ui->LRestVal->setText(Affiche(Part(montant, reste)));
+                          centiemes == 0 ? QString() : AfficheMontant(Part(montant, centiemes)));
+    ui->LRestVal->setText(AfficheMontant(Part(montant, reste)));
     ui->Command5->setEnabled(reste == 0);
 }
 

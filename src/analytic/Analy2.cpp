@@ -11,14 +11,6 @@
 
 namespace ecran {
 
-namespace {
-
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
-} // namespace
-
 Analy2::Analy2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Analy2>()) {
     ui->setupUi(this);
     ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Libellé de la section")});
@@ -53,12 +45,8 @@ void Analy2::MajTree1() {
         ui->Tree1->AjouterLigne(
             {QStringLiteral("%1").arg(s.numero, 2, 10, QLatin1Char('0')), s.nom}, s.numero);
     if (sections.size() < 2)
-        ui::Boite(QStringLiteral("Pour tenir votre comptabilité analytique, vous devez créer au "
-                                 "moins deux sections\navec un numéro compris entre 01 et 98.\n"
-                                 "Le numéro 00 signifie que l'écriture n'est pas encore affectée "
-                                 "à une section,\nLe numéro 99 signifie que l'écriture est à "
-                                 "ventiler dans plusieurs sections."),
-                  QStringLiteral("Maroval"), ui::Icone::Information);
+        ui::Boite(analytique::TexteSectionsManquantes(), QStringLiteral("Maroval"),
+                  ui::Icone::Information);
 }
 
 bool Analy2::SectionSelect(int numero) const {
@@ -83,25 +71,27 @@ void Analy2::Command2_Click() {
     analytique::Sommes totaux;
     for (const analytique::Sommes& s :
          analytique::Consulter(CleCourante(), ui->BRCharges->isChecked(), choisies)) {
-        ui->Tree2->AjouterLigne({s.numero, s.libelle, Affiche(s.total), Affiche(s.nonAffecte),
-                                 Affiche(s.autres), Affiche(s.choisies)},
+        ui->Tree2->AjouterLigne({s.numero, s.libelle, AfficheMontant(s.total),
+                                 AfficheMontant(s.nonAffecte), AfficheMontant(s.autres),
+                                 AfficheMontant(s.choisies)},
                                 s.numero);
         totaux.total += s.total;
         totaux.nonAffecte += s.nonAffecte;
         totaux.autres += s.autres;
         totaux.choisies += s.choisies;
     }
-    ui->Tree3->AjouterLigne({QStringLiteral("Totaux :"), QString(), Affiche(totaux.total),
-                             Affiche(totaux.nonAffecte), Affiche(totaux.autres),
-                             Affiche(totaux.choisies)});
+    ui->Tree3->AjouterLigne({QStringLiteral("Totaux :"), QString(), AfficheMontant(totaux.total),
+                             AfficheMontant(totaux.nonAffecte), AfficheMontant(totaux.autres),
+                             AfficheMontant(totaux.choisies)});
     const double part =
         totaux.total.estNul() ? 0 : totaux.choisies.enDouble() / totaux.total.enDouble();
     ui->Label3->setText(QStringLiteral("La(les) section(s) sélectionnée(s) totalisent ") +
-                        Affiche(totaux.choisies) + QStringLiteral(" soit ") + FormatPourcent(part) +
-                        QStringLiteral(" du total (") + Affiche(totaux.total) +
-                        QStringLiteral(")."));
+                        AfficheMontant(totaux.choisies) + QStringLiteral(" soit ") +
+                        FormatPourcent(part) + QStringLiteral(" du total (") +
+                        AfficheMontant(totaux.total) + QStringLiteral(")."));
     if (!totaux.nonAffecte.estNul())
-        ui->Label4->setText(QStringLiteral("Notez qu'un total de ") + Affiche(totaux.nonAffecte) +
+        ui->Label4->setText(QStringLiteral("Notez qu'un total de ") +
+                            AfficheMontant(totaux.nonAffecte) +
                             QStringLiteral(" n'a pas encore été affecté."));
 }
 

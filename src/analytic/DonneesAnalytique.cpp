@@ -34,6 +34,14 @@ void SupprimerVentilation(const QString& cle, double numEcr) {
 
 } // namespace
 
+QString TexteSectionsManquantes() {
+    return QStringLiteral("Pour tenir votre comptabilité analytique, vous devez créer au moins "
+                          "deux sections\navec un numéro compris entre 01 et 98.\nLe numéro 00 "
+                          "signifie que l'écriture n'est pas encore affectée à une section,\nLe "
+                          "numéro 99 signifie que l'écriture est à ventiler dans plusieurs "
+                          "sections.");
+}
+
 void AssurerSectionsReservees(const QString& cle) {
     SQLite::Statement q(Base(), "INSERT OR IGNORE INTO Section (CleCpt, NumSection, NomSection) "
                                 "VALUES (?, 0, 'Non affecté'), (?, 99, 'A ventiler')");

@@ -23,6 +23,8 @@ struct Section {
 // Les sections 00 « Non affecté » et 99 « A ventiler » de l'exercice, créées si elles
 // manquent.
 void AssurerSectionsReservees(const QString& cle);
+// Ce qu'on dit quand l'exercice a moins de deux sections à soi.
+QString TexteSectionsManquantes();
 // Les sections par numéro ; sans 00 ni 99 si avecReservees est faux.
 std::vector<Section> Sections(const QString& cle, bool avecReservees);
 bool SectionExiste(const QString& cle, int numero, QString* nom = nullptr);

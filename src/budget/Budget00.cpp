@@ -13,15 +13,6 @@
 
 namespace ecran {
 
-namespace {
-
-template <class T> void Montrer(QWidget* parent) {
-    T e(parent);
-    e.exec();
-}
-
-} // namespace
-
 Budget00::Budget00(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Budget00>()) {
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Budget00::Command1_Click);
@@ -46,7 +37,7 @@ void Budget00::Command1_Click() {
                   QStringLiteral("Maroval"), ui::Icone::Information);
         return;
     }
-    Montrer<Budget02>(this);
+    ui::MontrerModal<Budget02>(this);
 }
 
 void Budget00::Command2_Click() {
@@ -60,7 +51,7 @@ void Budget00::Command2_Click() {
                   QStringLiteral("Maroval"), ui::Icone::Information);
         return;
     }
-    Montrer<Budget01>(this);
+    ui::MontrerModal<Budget01>(this);
 }
 
 void Budget00::Command3_Click() {
@@ -68,7 +59,7 @@ void Budget00::Command3_Click() {
 }
 
 void Budget00::Command4_Click() {
-    Montrer<budget03>(this);
+    ui::MontrerModal<budget03>(this);
 }
 
 void Budget00::Command5_Click() {
@@ -76,7 +67,7 @@ void Budget00::Command5_Click() {
 }
 
 void Budget00::Command6_Click() {
-    Montrer<Budget04>(this);
+    ui::MontrerModal<Budget04>(this);
 }
 
 } // namespace ecran

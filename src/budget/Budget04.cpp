@@ -8,14 +8,6 @@
 
 namespace ecran {
 
-namespace {
-
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
-} // namespace
-
 Budget04::Budget04(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Budget04>()) {
     ui->setupUi(this);
     const QString an = QString::number(session().ExerciceCourant);
@@ -55,9 +47,9 @@ Budget04::Budget04(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
     const QString cle = CleCourante();
     const Montant produits = budget::SommePrevisions(cle, QStringLiteral("R2"));
     const Montant charges = budget::SommePrevisions(cle, QStringLiteral("E2"));
-    ui->LProduits->setText(Affiche(produits));
-    ui->LCharges->setText(Affiche(charges));
-    ui->LResultat->setText(Affiche(produits - charges));
+    ui->LProduits->setText(AfficheMontant(produits));
+    ui->LCharges->setText(AfficheMontant(charges));
+    ui->LResultat->setText(AfficheMontant(produits - charges));
     MontrerClasse(ui->RCharges->isChecked());
 }
 
@@ -81,8 +73,9 @@ void Budget04::MajBudGlob() {
         const int classe = b.ERBUD.trimmed() == QLatin1String("E2") ? 0 : 1;
         const budget::Cumuls c = budget::Cumuler(b, session().MoisDebutExercice, arret);
         (classe == 0 ? ui->Tree1 : ui->Tree1B)
-            ->AjouterLigne({b.NumBud.trimmed(), b.LibBud.trimmed(), Affiche(c.reelAnterieur),
-                            Affiche(c.reel), Affiche(c.prevision), Affiche(c.ecart)},
+            ->AjouterLigne({b.NumBud.trimmed(), b.LibBud.trimmed(), AfficheMontant(c.reelAnterieur),
+                            AfficheMontant(c.reel), AfficheMontant(c.prevision),
+                            AfficheMontant(c.ecart)},
                            b.NumBud.trimmed());
         totaux[classe].reelAnterieur += c.reelAnterieur;
         totaux[classe].reel += c.reel;
@@ -93,9 +86,10 @@ void Budget04::MajBudGlob() {
                                  QStringLiteral("Total des Produits")};
     ui::Grille* lignesTotal[2] = {ui->Tree2, ui->Tree2B};
     for (int i = 0; i < 2; ++i)
-        lignesTotal[i]->AjouterLigne({QString(), libelles[i], Affiche(totaux[i].reelAnterieur),
-                                      Affiche(totaux[i].reel), Affiche(totaux[i].prevision),
-                                      Affiche(totaux[i].ecart)});
+        lignesTotal[i]->AjouterLigne(
+            {QString(), libelles[i], AfficheMontant(totaux[i].reelAnterieur),
+             AfficheMontant(totaux[i].reel), AfficheMontant(totaux[i].prevision),
+             AfficheMontant(totaux[i].ecart)});
     QString titre, texteArret;
     budget::TextesArret(session().DateSaisieCourante, ModeCumul, titre, texteArret);
     ui->Label1->setText(titre);

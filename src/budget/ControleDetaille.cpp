@@ -11,10 +11,6 @@ namespace ecran {
 
 namespace {
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 QStringList TitresChiffres() {
     const QString an = QString::number(session().ExerciceCourant);
     return {QStringLiteral("Réalisé ") + QString::number(session().ExerciceCourant - 1),
@@ -69,8 +65,8 @@ void budget03::MajTree1() {
         const bool charge = b.ERBUD.trimmed() == QLatin1String("E2");
         const int ligne = ui->Tree1->AjouterLigne(
             {charge ? QStringLiteral("Charges") : QStringLiteral("Produits"), b.NumBud.trimmed(),
-             b.LibBud.trimmed(), Affiche(b.ReelA), Affiche(b.Reel), Affiche(b.Budget),
-             Affiche(b.Reel - b.Budget)},
+             b.LibBud.trimmed(), AfficheMontant(b.ReelA), AfficheMontant(b.Reel),
+             AfficheMontant(b.Budget), AfficheMontant(b.Reel - b.Budget)},
             b.NumBud.trimmed());
         const QColor couleur = charge ? QColor(160, 40, 40) : QColor(20, 110, 40);
         ui->Tree1->FixerCouleurCellule(ligne, 0, couleur);
@@ -87,8 +83,9 @@ void budget03::Tree1_Click() {
     ui->Tree2->Vider();
     for (const int m : budget::MoisDeLExercice(session().MoisDebutExercice)) {
         const auto i = static_cast<std::size_t>(m);
-        ui->Tree2->AjouterLigne({NomMois(m), Affiche(b.ReelAM[i]), Affiche(b.ReelM[i]),
-                                 Affiche(b.BudgetM[i]), Affiche(b.ReelM[i] - b.BudgetM[i])},
+        ui->Tree2->AjouterLigne({NomMois(m), AfficheMontant(b.ReelAM[i]),
+                                 AfficheMontant(b.ReelM[i]), AfficheMontant(b.BudgetM[i]),
+                                 AfficheMontant(b.ReelM[i] - b.BudgetM[i])},
                                 m);
     }
     const budget::Cumuls c = budget::Cumuler(
@@ -98,8 +95,9 @@ void budget03::Tree1_Click() {
     ui->Label1->setText(titre);
     ui->Label2->setText(arret);
     ui->Tree3->Vider();
-    ui->Tree3->AjouterLigne({titre + QLatin1Char(' ') + arret, Affiche(c.reelAnterieur),
-                             Affiche(c.reel), Affiche(c.prevision), Affiche(c.ecart)});
+    ui->Tree3->AjouterLigne({titre + QLatin1Char(' ') + arret, AfficheMontant(c.reelAnterieur),
+                             AfficheMontant(c.reel), AfficheMontant(c.prevision),
+                             AfficheMontant(c.ecart)});
 }
 
 void budget03::Command3_Click() {

@@ -18,10 +18,6 @@ namespace {
 
 constexpr int ColonnePrevision = 3, ColonnePourcentage = 4, ColonnePrevisionsAnnuelles = 5;
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 // Un montant tapé : chiffres, blancs, un signe, une virgule ou un point.
 bool MontantLisible(const QString& texte) {
     static const QRegularExpression forme(QStringLiteral("^-?[0-9 ]*([.,][0-9]*)?$"));
@@ -51,7 +47,7 @@ SaisieBudget::SaisieBudget(QWidget* parent, bool suivant)
                 return ui::Grille::Validation::GarderOuvert;
             }
             const Montant m = MontantDepuisTexte(PointVersVirgule(saisi));
-            texte = Affiche(m);
+            texte = AfficheMontant(m);
             CalculCumul(ligne, m);
             SaisieModifiee = true;
             return ui::Grille::Validation::Accepter;
@@ -158,8 +154,8 @@ void SaisieBudget::MajTree1() {
         const bool charge = b.ERBUD.trimmed() == QLatin1String("E2");
         const int ligne = ui->Tree1->AjouterLigne(
             {charge ? QStringLiteral("Charges") : QStringLiteral("Produits"), b.NumBud.trimmed(),
-             b.LibBud.trimmed(), Affiche(b.ReelA), Affiche(b.Reel),
-             Affiche(suivant ? b.BudFut : b.Budget)},
+             b.LibBud.trimmed(), AfficheMontant(b.ReelA), AfficheMontant(b.Reel),
+             AfficheMontant(suivant ? b.BudFut : b.Budget)},
             b.NumBud.trimmed());
         const QColor couleur = charge ? QColor(160, 40, 40) : QColor(20, 110, 40);
         ui->Tree1->FixerCouleurCellule(ligne, 0, couleur);
@@ -176,8 +172,9 @@ void SaisieBudget::RemplirMois(const QString& numBud) {
     // Les champs sont ceux du mois du calendrier, quel que soit le rang de la ligne.
     for (const int m : budget::MoisDeLExercice(session().MoisDebutExercice)) {
         const auto i = static_cast<std::size_t>(m);
-        ui->Tree2->AjouterLigne({NomMois(m), Affiche(b.ReelAM[i]), Affiche(b.ReelM[i]),
-                                 Affiche(prevision[i]), QString()},
+        ui->Tree2->AjouterLigne({NomMois(m), AfficheMontant(b.ReelAM[i]),
+                                 AfficheMontant(b.ReelM[i]), AfficheMontant(prevision[i]),
+                                 QString()},
                                 m);
     }
 }
@@ -226,7 +223,7 @@ void SaisieBudget::Text1_Entree() {
     if (ModeVentil == 2 && ligne >= 0) {
         ui->Label5->setText(FormatPourcent(1));
         for (int i = 0; i < ui->Tree2->NombreLignes(); ++i)
-            ui->Tree2->FixerTexte(i, ColonnePrevision, Affiche(Montant()));
+            ui->Tree2->FixerTexte(i, ColonnePrevision, AfficheMontant(Montant()));
         ui->Tree2->EditerCellule(ligne, ColonnePourcentage);
     }
 }
@@ -235,7 +232,7 @@ void SaisieBudget::CalculCumul(int ligne, Montant montant) {
     Montant cumul;
     for (int i = 0; i < ui->Tree2->NombreLignes(); ++i)
         cumul += i == ligne ? montant : MontantDepuisTexte(ui->Tree2->Texte(i, ColonnePrevision));
-    ui->Label2->setText(Affiche(cumul));
+    ui->Label2->setText(AfficheMontant(cumul));
 }
 
 bool SaisieBudget::CalculCumulPrc(int ligne, double pourcentage) {
@@ -255,7 +252,7 @@ bool SaisieBudget::CalculCumulPrc(int ligne, double pourcentage) {
 void SaisieBudget::CalculPrct(int ligne, double pourcentage) {
     const Montant total = MontantDepuisTexte(VirguleVersPoint(ui->Text1->text()));
     const Montant montant = Montant::depuisDouble(total.enDouble() * (pourcentage / 100));
-    ui->Tree2->FixerTexte(ligne, ColonnePrevision, Affiche(montant));
+    ui->Tree2->FixerTexte(ligne, ColonnePrevision, AfficheMontant(montant));
     CalculCumul(ligne, montant);
 }
 
@@ -274,7 +271,7 @@ void SaisieBudget::Command2_Click() {
     // Chaque mois le même douzième, arrondi par l'affichage seul.
     const Montant douzieme = Montant::depuisDixMilliemes(total.dixMilliemes() / 12);
     for (int i = 0; i < ui->Tree2->NombreLignes(); ++i)
-        ui->Tree2->FixerTexte(i, ColonnePrevision, Affiche(douzieme));
+        ui->Tree2->FixerTexte(i, ColonnePrevision, AfficheMontant(douzieme));
 }
 
 void SaisieBudget::Command3_Click() {
@@ -292,8 +289,8 @@ void SaisieBudget::Command5_Click() {
         if (reste != 0 &&
             ui::Boite(QStringLiteral("Vous avez ventilé %1 sur les %2 prévus initialement.\n"
                                      "Voulez-vous continuer ?")
-                          .arg(ui->Label2->text(),
-                               Affiche(MontantDepuisTexte(VirguleVersPoint(ui->Text1->text())))),
+                          .arg(ui->Label2->text(), AfficheMontant(MontantDepuisTexte(
+                                                       VirguleVersPoint(ui->Text1->text())))),
                       QStringLiteral("Maroval"), ui::Icone::Question,
                       ui::Boutons::OuiNon) != ui::Reponse::Oui)
             return;
@@ -313,7 +310,7 @@ void SaisieBudget::Command5_Click() {
     budget::EnregistrerPrevisions(CleCourante(), numBud, suivant, mois);
     ui->Tree2->Vider();
     if (suivant)
-        ui->Tree1->FixerTexte(ligne, ColonnePrevisionsAnnuelles, Affiche(total));
+        ui->Tree1->FixerTexte(ligne, ColonnePrevisionsAnnuelles, AfficheMontant(total));
     else
         MajTree1();
     ui->Label2->clear();

@@ -21,10 +21,6 @@ namespace ecran {
 
 namespace {
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 Montant LireLabel(const QLabel* label) {
     return label->text().trimmed().isEmpty() ? Montant() : MontantDepuisTexte(label->text());
 }
@@ -91,7 +87,7 @@ void Prembil::Remplir(const Cote& cote, const char* erCpt, const QString& exclu)
     for (const plan::CompteListe& c : plan::ComptesDuCode(CleCourante(), erCpt)) {
         if (c.numero == exclu) continue;
         const Montant sde = c.solde;
-        const int ligne = g->AjouterLigne({c.numero, c.libelle, Affiche(sde)}, c.numero);
+        const int ligne = g->AjouterLigne({c.numero, c.libelle, AfficheMontant(sde)}, c.numero);
         g->FixerDonneeCellule(ligne, 2, QVariant::fromValue(sde.dixMilliemes()));
         *cote.valeur += sde;
     }
@@ -100,7 +96,7 @@ void Prembil::Remplir(const Cote& cote, const char* erCpt, const QString& exclu)
 }
 
 void Prembil::MontrerTotal(const Cote& cote) {
-    cote.total->setText(Affiche(*cote.valeur));
+    cote.total->setText(AfficheMontant(*cote.valeur));
     TestEquilibre();
 }
 
@@ -168,11 +164,11 @@ ui::Grille::Validation Prembil::ValiderCellule(const Cote& cote, int ligne, QStr
     if (!MontantLisible(texte)) {
         ui::Boite(QStringLiteral("Votre saisie n'est pas correcte, recommencez"),
                   QStringLiteral("Maroval"), ui::Icone::Exclamation);
-        texte = Affiche(Montant());
+        texte = AfficheMontant(Montant());
         return ui::Grille::Validation::Accepter;
     }
     const Montant montant = MontantDepuisTexte(texte);
-    texte = Affiche(montant);
+    texte = AfficheMontant(montant);
     EditionFaite = true;
     const QString n = cote.grille->Texte(ligne, 0).left(8).trimmed();
     EnregistrerMontantOuverture(n, AncienMontant, montant,

@@ -12,10 +12,6 @@ namespace ecran {
 
 namespace {
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 double Valeur(Montant m) {
     return static_cast<double>(m.dixMilliemes()) / 10000.0;
 }
@@ -90,7 +86,7 @@ void BilGraph::BilanGraphique() {
         return Refuser(refus, QStringLiteral("Raison : Le bilan d'ouverture n'est pas équilibré."));
     if (k.SN < Montant())
         return Refuser(refus, QStringLiteral("Raison : Votre Situation Nette est négative (") +
-                                  Affiche(k.SN) + QStringLiteral(")."));
+                                  AfficheMontant(k.SN) + QStringLiteral(")."));
     // Un découvert est une dette ; des dettes négatives sont des créances, et inversement.
     Montant md = k.MD, dap = k.DAP, dar = k.DAR;
     if (md < Montant()) {
@@ -119,12 +115,12 @@ void BilGraph::BilanGraphique() {
         ui->Label31->setText(QStringLiteral(
             "L'exercice n'est pas terminé. Les écritures d'inventaires sont-elles passées ?"));
     }
-    ui->LBIENS->setText(Affiche(k.BIENS));
-    ui->LDAR->setText(Affiche(dar));
-    ui->LMD->setText(Affiche(md));
-    ui->LSN->setText(Affiche(k.SN));
-    ui->LDAP->setText(Affiche(dap));
-    ui->LRES->setText(libelle + QStringLiteral(" : ") + Affiche(resultat.abs()));
+    ui->LBIENS->setText(AfficheMontant(k.BIENS));
+    ui->LDAR->setText(AfficheMontant(dar));
+    ui->LMD->setText(AfficheMontant(md));
+    ui->LSN->setText(AfficheMontant(k.SN));
+    ui->LDAP->setText(AfficheMontant(dap));
+    ui->LRES->setText(libelle + QStringLiteral(" : ") + AfficheMontant(resultat.abs()));
     ui->GRN->setFormat(libelle);
     ui->GRP->setFormat(libelle);
     ui->GRN->setVisible(resultat < Montant());
@@ -171,9 +167,9 @@ void BilGraph::CptResulGraphique() {
     ui->GRNCR->setVisible(resultat < Montant());
     ui->GRPCR->setFormat(libelle);
     ui->GRNCR->setFormat(libelle);
-    ui->LCONS->setText(Affiche(charges));
-    ui->LACTI->setText(Affiche(produits));
-    ui->LRESCR->setText(libelle + QStringLiteral(" : ") + Affiche(resultat.abs()));
+    ui->LCONS->setText(AfficheMontant(charges));
+    ui->LACTI->setText(AfficheMontant(produits));
+    ui->LRESCR->setText(libelle + QStringLiteral(" : ") + AfficheMontant(resultat.abs()));
     Empiler({{ui->GCONS, charges, ui->LCONS},
              {ui->GRPCR, resultat.abs(), resultat >= Montant() ? ui->LRESCR : nullptr}},
             total);

@@ -17,10 +17,6 @@ namespace ecran {
 
 namespace {
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 const QString texteAide = QStringLiteral(
     "Cliquez sur un compte de la liste, ou tapez son numéro puis Entrée.|Choisissez ensuite ce "
     "que vous voulez voir : toutes les écritures, celles d'un mois (choisi dans la liste des "
@@ -197,8 +193,9 @@ void ConsCpt::Command6_Click() {
         } else {
             for (int col = 1; col < 5; ++col)
                 ui->Tree3->FixerAlignementColonne(col, Qt::AlignRight | Qt::AlignVCenter);
-            ui->Tree3->AjouterLigne(
-                {nom, Affiche(debits), Affiche(credits), Affiche(mensuel), Affiche(cumule)}, m);
+            ui->Tree3->AjouterLigne({nom, AfficheMontant(debits), AfficheMontant(credits),
+                                     AfficheMontant(mensuel), AfficheMontant(cumule)},
+                                    m);
         }
     }
     if (fichier) fichier->Fermer();

@@ -9,20 +9,12 @@
 
 namespace ecran {
 
-namespace {
-
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
-} // namespace
-
 void RemplirListeComptes(ui::Grille* liste) {
     liste->FixerAlignementColonne(2, Qt::AlignRight | Qt::AlignVCenter);
     liste->FixerTriMontants(2);
     liste->DebutRemplissage();
     for (const comptes::Compte& c : comptes::ParCreation())
-        liste->AjouterLigne({c.numero, c.libelle, Affiche(c.solde)}, c.numero);
+        liste->AjouterLigne({c.numero, c.libelle, AfficheMontant(c.solde)}, c.numero);
     liste->FinRemplissage();
     liste->Trier(0);
 }
@@ -31,10 +23,10 @@ bool MontrerChiffresCompte(const QString& numero, QLabel* sde, QLabel* cumD, QLa
                            QLabel* solde, QString* libelle) {
     table::Compte c;
     if (!LireCompte(CleCourante(), numero, c)) return false;
-    sde->setText(Affiche(c.Sde));
-    cumD->setText(Affiche(c.CumD));
-    cumC->setText(Affiche(c.CumC));
-    solde->setText(Affiche(c.Solde));
+    sde->setText(AfficheMontant(c.Sde));
+    cumD->setText(AfficheMontant(c.CumD));
+    cumC->setText(AfficheMontant(c.CumC));
+    solde->setText(AfficheMontant(c.Solde));
     if (libelle) *libelle = c.LibCpt.trimmed();
     return true;
 }

@@ -22,10 +22,6 @@ namespace {
 
 constexpr int AideFec = 41;
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 } // namespace
 
 ExportFEC::ExportFEC(QWidget* parent)
@@ -91,7 +87,7 @@ void ExportFEC::Command1_Click() {
                       .arg(QDir::toNativeSeparators(chemin))
                       .arg(totaux.ecritures)
                       .arg(totaux.lignes)
-                      .arg(Affiche(totaux.debit), Affiche(totaux.credit)),
+                      .arg(AfficheMontant(totaux.debit), AfficheMontant(totaux.credit)),
                   QStringLiteral("Maroval"), ui::Icone::Question,
                   ui::Boutons::OuiNon) == ui::Reponse::Oui)
         ui::OuvrirFichier(QFileInfo(chemin).absolutePath());

@@ -57,3 +57,7 @@ QString DossierDisquette() {
                                 .trimmed();
     return dossier.isEmpty() ? QStringLiteral("/media/floppy") : dossier;
 }
+
+QString AfficheMontant(Montant montant) {
+    return FormaterMontant(montant, session().FormatMontant);
+}

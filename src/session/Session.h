@@ -1,6 +1,8 @@
 #pragma once
 // L'état partagé par tous les écrans pendant une exécution : une seule instance.
 
+#include "base/Montant.h"
+
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -61,3 +63,6 @@ QString CheminIni();
 // Le dossier qui tient lieu de lecteur de disquettes (maroval.ini, Options/Disquette) :
 // une clé USB, un dossier partagé ; /media/floppy quand rien n'est réglé.
 QString DossierDisquette();
+
+// Un montant comme les écrans le montrent : l'image de la session (décimales, symbole).
+QString AfficheMontant(Montant montant);

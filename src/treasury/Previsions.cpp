@@ -13,14 +13,6 @@
 
 namespace ecran {
 
-namespace {
-
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
-} // namespace
-
 PrevisionsTiers::PrevisionsTiers(QWidget* parent, const QString& nom, const QString& titre,
                                  const QString& titreCadre, int menu, const QString& collectif)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::Previsions>()), menu(menu),
@@ -60,17 +52,17 @@ void PrevisionsTiers::Form_Activate() {
         if (mois > 12) mois -= 12;
         if (mois < 1) mois += 12;
         const Montant m = p.mois[static_cast<std::size_t>(mois - 1)];
-        ui->Tree1->AjouterLigne({NomMois(mois), Affiche(m)});
+        ui->Tree1->AjouterLigne({NomMois(mois), AfficheMontant(m)});
         totalPrev += m;
     }
-    ui->LCumSde->setText(Affiche(p.cumSde));
-    ui->LCumReg->setText(Affiche(p.cumReg));
-    ui->LTotFac->setText(Affiche(p.mois[12]));
-    ui->LSolCalc->setText(Affiche(totalPrev + p.cumSde + p.cumReg + p.mois[12]));
-    ui->LTotPrev->setText(Affiche(totalPrev));
+    ui->LCumSde->setText(AfficheMontant(p.cumSde));
+    ui->LCumReg->setText(AfficheMontant(p.cumReg));
+    ui->LTotFac->setText(AfficheMontant(p.mois[12]));
+    ui->LSolCalc->setText(AfficheMontant(totalPrev + p.cumSde + p.cumReg + p.mois[12]));
+    ui->LTotPrev->setText(AfficheMontant(totalPrev));
     table::Compte c;
     LireCompte(cle, collectif, c);
-    ui->LSoldColl->setText(Affiche(c.Solde));
+    ui->LSoldColl->setText(AfficheMontant(c.Solde));
 }
 
 void PrevisionsTiers::Command3_Click() {

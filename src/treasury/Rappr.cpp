@@ -16,10 +16,6 @@ namespace ecran {
 
 namespace {
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 constexpr int ColonnePointage = 5;
 
 } // namespace
@@ -69,7 +65,7 @@ void Rappr::Form_Load() {
         // Le numéro comme nombre quand il en est un.
         bool nombre = false;
         const qlonglong n = c.numero.toLongLong(&nombre);
-        ui->Tree1->AjouterLigne({c.numero, c.libelle.trimmed(), Affiche(c.solde)},
+        ui->Tree1->AjouterLigne({c.numero, c.libelle.trimmed(), AfficheMontant(c.solde)},
                                 nombre ? QVariant(n) : QVariant(c.numero));
     }
     ui->Tree1->Trier(0);
@@ -88,10 +84,10 @@ void Rappr::Tree1_Choix() {
     if (!LireCompte(CleCourante(), numero, c)) return;
     ui->Label10->setText(c.NumCpt.trimmed());
     ui->Label11->setText(c.LibCpt.trimmed());
-    ui->Label3->setText(Affiche(c.Sde));
-    ui->Label5->setText(Affiche(c.CumD));
-    ui->Label7->setText(Affiche(c.CumC));
-    ui->Label9->setText(Affiche(c.Solde));
+    ui->Label3->setText(AfficheMontant(c.Sde));
+    ui->Label5->setText(AfficheMontant(c.CumD));
+    ui->Label7->setText(AfficheMontant(c.CumC));
+    ui->Label9->setText(AfficheMontant(c.Solde));
     SoldeTheorique = c.Sde;
     SoldeBaseCpt = c.Sde;
 }
@@ -119,7 +115,7 @@ void Rappr::AffEcrituresPointage(tresor::Choix choix) {
     if (lignes.empty()) return;
     ui->Tree2->DebutRemplissage();
     for (const tresor::LigneTiers& l : lignes) {
-        const QString montant = Affiche(l.montant);
+        const QString montant = AfficheMontant(l.montant);
         const int ligne = ui->Tree2->AjouterLigne(
             {QString::number(static_cast<qint64>(l.numero)), DateVersEcran(l.dateEcr),
              l.libelle.trimmed(), l.debit ? montant : QString(), l.debit ? QString() : montant,
@@ -128,7 +124,7 @@ void Rappr::AffEcrituresPointage(tresor::Choix choix) {
         if (l.lettrage != 0) ui->Tree2->FixerCouleurLigne(ligne, QColor(Qt::red));
     }
     ui->Tree2->FinRemplissage();
-    ui->Label13->setText(Affiche(SoldeTheorique));
+    ui->Label13->setText(AfficheMontant(SoldeTheorique));
 }
 
 void Rappr::Tree2_Click(int ligne) {
@@ -145,7 +141,7 @@ void Rappr::Tree2_Click(int ligne) {
         ui->Tree2->FixerTexte(ligne, ColonnePointage, QStringLiteral("OUI"));
         ui->Tree2->FixerCouleurLigne(ligne, QColor(Qt::red));
     }
-    ui->Label13->setText(Affiche(SoldeTheorique));
+    ui->Label13->setText(AfficheMontant(SoldeTheorique));
 }
 
 void Rappr::Command1_Click() {

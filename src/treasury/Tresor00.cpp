@@ -10,15 +10,6 @@
 
 namespace ecran {
 
-namespace {
-
-template <class T> void Montrer(QWidget* parent) {
-    T e(parent);
-    e.exec();
-}
-
-} // namespace
-
 Tresor00::Tresor00(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor00>()) {
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Tresor00::Command1_Click);
@@ -33,11 +24,11 @@ Tresor00::Tresor00(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
 Tresor00::~Tresor00() = default;
 
 void Tresor00::Command1_Click() {
-    Montrer<Tresor02>(this);
+    ui::MontrerModal<Tresor02>(this);
 }
 
 void Tresor00::Command2_Click() {
-    Montrer<Tresor01>(this);
+    ui::MontrerModal<Tresor01>(this);
 }
 
 void Tresor00::Command3_Click() {
@@ -45,7 +36,7 @@ void Tresor00::Command3_Click() {
 }
 
 void Tresor00::Command4_Click() {
-    Montrer<Tresor03>(this);
+    ui::MontrerModal<Tresor03>(this);
 }
 
 void Tresor00::Command5_Click() {
@@ -53,11 +44,11 @@ void Tresor00::Command5_Click() {
 }
 
 void Tresor00::Command6_Click() {
-    Montrer<Tresor04>(this);
+    ui::MontrerModal<Tresor04>(this);
 }
 
 void Tresor00::Command7_Click() {
-    Montrer<Tresor05>(this);
+    ui::MontrerModal<Tresor05>(this);
 }
 
 } // namespace ecran

@@ -14,10 +14,6 @@ namespace ecran {
 
 namespace {
 
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
 // AAAAMMJJ vers JJ/MM/AAAA ; vide pour une échéance absente.
 QString Jour(const QString& date) {
     const QString d = date.trimmed();
@@ -138,12 +134,12 @@ void Tresor02::MajTreeComptes() {
         const bool passif = c.erCpt == QLatin1String("R1") || c.erCpt == QLatin1String("R2");
         // Le solde, signé, dans la colonne de son sens.
         if ((actif && c.solde >= Montant()) || (passif && c.solde < Montant()))
-            soldeDebit = Affiche(c.solde);
+            soldeDebit = AfficheMontant(c.solde);
         else if (actif || passif)
-            soldeCredit = Affiche(c.solde);
-        ui->Tree1->AjouterLigne({c.numero, c.libelle.trimmed(), Affiche(c.sde),
-                                 c.cumD.estNul() ? QString() : Affiche(c.cumD),
-                                 c.cumC.estNul() ? QString() : Affiche(c.cumC), soldeDebit,
+            soldeCredit = AfficheMontant(c.solde);
+        ui->Tree1->AjouterLigne({c.numero, c.libelle.trimmed(), AfficheMontant(c.sde),
+                                 c.cumD.estNul() ? QString() : AfficheMontant(c.cumD),
+                                 c.cumC.estNul() ? QString() : AfficheMontant(c.cumC), soldeDebit,
                                  soldeCredit},
                                 c.numero);
     }
@@ -166,13 +162,13 @@ void Tresor02::MajTreeEcritures() {
     table::Compte compte;
     LireCompte(cle, numero, compte);
     SoldeDebutALettrer = tresor::SoldeDebutALettrer(cle, numero, compte.Sde);
-    ui->LSde->setText(Affiche(SoldeDebutALettrer));
-    ui->LDIFF->setText(Affiche(SoldeDebutALettrer + CumulFactures + CumulReglements));
+    ui->LSde->setText(AfficheMontant(SoldeDebutALettrer));
+    ui->LDIFF->setText(AfficheMontant(SoldeDebutALettrer + CumulFactures + CumulReglements));
     ui->Frame5->setVisible(!SoldeDebutALettrer.estNul());
     ui->Tree2->DebutRemplissage();
     for (const tresor::LigneTiers& l : tresor::Lignes(
              cle, numero, ToutesEcritures == 0 ? tresor::Choix::Ouvertes : tresor::Choix::Toutes)) {
-        const QString montant = Affiche(l.montant);
+        const QString montant = AfficheMontant(l.montant);
         const int ligne = ui->Tree2->AjouterLigne(
             {QString::number(static_cast<qint64>(l.numero)), Jour(l.dateEcr), Jour(l.dateEcheance),
              l.libelle.trimmed(), l.debit ? montant : QString(), l.debit ? QString() : montant},
@@ -184,9 +180,9 @@ void Tresor02::MajTreeEcritures() {
 }
 
 void Tresor02::AfficherCumuls() {
-    ui->LCumFact->setText(Affiche(CumulFactures));
-    ui->LCumRegl->setText(Affiche(CumulReglements));
-    ui->LDIFF->setText(Affiche(SoldeDebutALettrer + CumulFactures + CumulReglements));
+    ui->LCumFact->setText(AfficheMontant(CumulFactures));
+    ui->LCumRegl->setText(AfficheMontant(CumulReglements));
+    ui->LDIFF->setText(AfficheMontant(SoldeDebutALettrer + CumulFactures + CumulReglements));
 }
 
 void Tresor02::Tree2_Click(int ligne) {

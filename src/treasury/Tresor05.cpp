@@ -12,14 +12,6 @@
 
 namespace ecran {
 
-namespace {
-
-QString Affiche(Montant m) {
-    return FormaterMontant(m, session().FormatMontant);
-}
-
-} // namespace
-
 Tresor05::Tresor05(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor05>()) {
     ui->setupUi(this);
     ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Nom"),
@@ -82,7 +74,7 @@ void Tresor05::ChoisirClasse(int menu) {
     }
     MajTreeFactures();
     const Montant reste = menu == tresor::MenuClients ? SdeNLettreClients : SdeNLettreFourn;
-    ui->LCumSde->setText(Affiche(reste));
+    ui->LCumSde->setText(AfficheMontant(reste));
     ui->LibelSde->setVisible(!reste.estNul());
     ui->LCumSde->setVisible(!reste.estNul());
 }
@@ -103,7 +95,7 @@ void Tresor05::MajTreeFactures() {
                  l.libEcr.trimmed(),
                  date.isEmpty() || date.startsWith(QLatin1Char('_')) ? QString()
                                                                      : DateVersEcran(date),
-                 Affiche(l.montant)},
+                 AfficheMontant(l.montant)},
                 l.numEcr);
             TotalFactures += l.montant;
         } else {
@@ -112,12 +104,12 @@ void Tresor05::MajTreeFactures() {
     }
     ui->Tree1->FinRemplissage();
     if (FiltreEcheance == 0) {
-        ui->LTotFac->setText(Affiche(TotalFactures));
+        ui->LTotFac->setText(AfficheMontant(TotalFactures));
         if (!TotalReglements.estNul())
             ui->LTotReg->setText(QStringLiteral("ATTENTION ! Du total il faut soustraire le "
                                                 "cumul des réglements qui n'ont pas encore été "
                                                 "lettrés soit : ") +
-                                 Affiche(TotalReglements));
+                                 AfficheMontant(TotalReglements));
     }
 }
 

@@ -71,6 +71,12 @@ private:
     bool echapFerme = false;
 };
 
+// Montre un écran de type T de façon modale au-dessus de parent, puis le décharge.
+template <class T> void MontrerModal(QWidget* parent) {
+    T ecran(parent);
+    ecran.exec();
+}
+
 namespace PileModale {
 // Ecrans chargés, du bas vers le haut.
 QList<EcranModal*> Ecrans();
