@@ -56,6 +56,7 @@ Sauve::Sauve(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::
         {QStringLiteral("Date"), QStringLiteral("Disquette"), QStringLiteral("Dernière écriture")});
     ui->Tree1->FixerLargeurColonne(0, 200);
     ui->Tree1->FixerLargeurColonne(1, 100);
+    ui->Tree1->FixerLargeurColonne(2, 160);
     ui->Tree1->FixerTriDates(0);
     ui->Gauge1->setRange(0, 10);
     connect(ui->SSCommand1, &QPushButton::clicked, this, &Sauve::SSCommand1_Click);
