@@ -8,6 +8,8 @@
 #include "ui/Boite.h"
 #include "ui_Options.h"
 
+#include <QDir>
+
 namespace ecran {
 
 bool EstNumerique(const QString& texte) {
@@ -43,6 +45,7 @@ void Options::Form_Load() {
         ini.Lire(QStringLiteral("Options"), QStringLiteral("SymbEu"), QStringLiteral("E")));
     ui->Text1->setText(
         ini.Lire(QStringLiteral("Options"), QStringLiteral("NbDecimales"), QStringLiteral("2")));
+    ui->TextDisquette->setText(QDir::toNativeSeparators(DossierDisquette()));
     ui->Check1->setChecked(LireReglage(QStringLiteral("Options"), QStringLiteral("Demarrage"),
                                        QStringLiteral("0")) == QStringLiteral("1"));
 }
@@ -56,7 +59,9 @@ void Options::Command1_Click() {
     }
     FichierProfil ini(CheminIni());
     if (!ini.Ecrire(QStringLiteral("Options"), QStringLiteral("SymbEu"), ui->Text2->text()) ||
-        !ini.Ecrire(QStringLiteral("Options"), QStringLiteral("NbDecimales"), ui->Text1->text())) {
+        !ini.Ecrire(QStringLiteral("Options"), QStringLiteral("NbDecimales"), ui->Text1->text()) ||
+        !ini.Ecrire(QStringLiteral("Options"), QStringLiteral("Disquette"),
+                    QDir::fromNativeSeparators(ui->TextDisquette->text().trimmed()))) {
         ui::Boite(QStringLiteral("Maroval ne peut pas enregistrer vos options dans le fichier :\n"
                                  "%1\n\nVérifiez que ce fichier n'est pas protégé en écriture.")
                       .arg(CheminIni()),

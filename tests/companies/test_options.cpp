@@ -96,6 +96,17 @@ private slots:
         QCOMPARE(LireReglage("Options", "Demarrage"), QStringLiteral("1"));
     }
 
+    // Le dossier des disquettes : /media/floppy tant que rien n'est réglé, puis celui tapé.
+    void options_dossierDesDisquettes() {
+        auto e = Montrer<ecran::Options>();
+        QCOMPARE(TexteChamp(e.get(), "TextDisquette"), QStringLiteral("/media/floppy"));
+        const QString cle = dossier->Fichier("cle-usb");
+        TaperTexte(e.get(), "TextDisquette", cle);
+        CliquerBouton(e.get(), "Command1");
+        QCOMPARE(FichierProfil(CheminIni()).Lire("Options", "Disquette"), cle);
+        QCOMPARE(DossierDisquette(), cle);
+    }
+
     void options_zeroDecimale_montantsSansSeparateur() {
         auto e = Montrer<ecran::Options>();
         TaperTexte(e.get(), "Text1", "0");
