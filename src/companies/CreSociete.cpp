@@ -239,7 +239,7 @@ void CreSociete::Command5_Click() {
 }
 
 void CreSociete::Command6_Click() {
-    if (AvertissementAncienneRestauration()) OuvrirEcran(QStringLiteral("Restaure"), this);
+    if (AvertissementAncienneRestauration(false)) OuvrirEcran(QStringLiteral("Restaure"), this);
 }
 
 } // namespace ecran

@@ -260,7 +260,7 @@ void General::SMAncienne_Click() {
 }
 
 void General::SMRestaure_Click() {
-    if (AvertissementAncienneRestauration()) Ouvrir(QStringLiteral("Restaure"));
+    if (AvertissementAncienneRestauration(true)) Ouvrir(QStringLiteral("Restaure"));
 }
 
 void General::SMBalFisc_Click() {

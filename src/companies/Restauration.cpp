@@ -46,20 +46,29 @@ void RestaurerBaseComplete() {
     RestaurerArchive(fichier);
 }
 
-bool AvertissementAncienneRestauration() {
+bool AvertissementAncienneRestauration(bool depuisLeMenu) {
+    // Depuis le menu, le rappel de compatibilité est encadré ; depuis la création d'une
+    // société, il est précédé de son titre.
+    const QString cadre =
+        QStringLiteral("=========================================================\n");
+    const QString compatibilite = QStringLiteral(
+        "CETTE FONCTION A ETE CONSERVEE POUR RAISON DE COMPATIBILITE\n"
+        "AVEC LES PRECEDENTES VERSIONS DE MAROVAL ET CONCERNE UNIQUEMENT LES\n"
+        "SAUVEGARDES EFFECTUEES SUR DISQUETTE AVEC UNE VERSION ANTERIEURE DU LOGICIEL.\n");
+    const QString debut =
+        depuisLeMenu ? cadre + compatibilite + cadre
+                     : QStringLiteral("RESTAURATION D'UNE SAUVEGARDE D'UNE VERSION PRECEDENTE DE "
+                                      "MAROVAL.\n") +
+                           compatibilite;
     return Question(
-        QStringLiteral(
-            "RESTAURATION D'UNE SAUVEGARDE D'UNE VERSION PRECEDENTE DE MAROVAL.\n"
-            "CETTE FONCTION A ETE CONSERVEE POUR RAISON DE COMPATIBILITE\n"
-            "AVEC LES PRECEDENTES VERSIONS DE MAROVAL ET CONCERNE UNIQUEMENT LES\n"
-            "SAUVEGARDES EFFECTUEES SUR DISQUETTE AVEC UNE VERSION ANTERIEURE DU LOGICIEL.\n"
-            "SI VOUS CLIQUEZ SUR CE BOUTON VOUS ALLEZ RESTAURER\n"
-            "UN EXERCICE COMPLET D'UNE SOCIETE.\n"
-            "CETTE FONCTION N'EST A UTILISER QUE LORSQUE CETTE SOCIETE ET CET\n"
-            "EXERCICE N'EXISTENT PLUS DANS VOTRE COMPTABILITE MAROVAL.\n"
-            "PAR EXEMPLE, SUITE A UNE PANNE GRAVE DE VOTRE ORDINATEUR.\n"
-            "OU SI VOUS VOULEZ RE-INSTALLER VOS COMPTABILITES SUR UNE NOUVELLE MACHINE.\n"
-            "EST-CE VRAIMENT CE QUE VOUS VOULEZ FAIRE ?"),
+        debut + QStringLiteral(
+                    "SI VOUS CLIQUEZ SUR CE BOUTON VOUS ALLEZ RESTAURER\n"
+                    "UN EXERCICE COMPLET D'UNE SOCIETE.\n"
+                    "CETTE FONCTION N'EST A UTILISER QUE LORSQUE CETTE SOCIETE ET CET\n"
+                    "EXERCICE N'EXISTENT PLUS DANS VOTRE COMPTABILITE MAROVAL.\n"
+                    "PAR EXEMPLE, SUITE A UNE PANNE GRAVE DE VOTRE ORDINATEUR.\n"
+                    "OU SI VOUS VOULEZ RE-INSTALLER VOS COMPTABILITES SUR UNE NOUVELLE MACHINE.\n"
+                    "EST-CE VRAIMENT CE QUE VOUS VOULEZ FAIRE ?"),
         QStringLiteral("Maroval"), ui::Icone::Exclamation);
 }
 

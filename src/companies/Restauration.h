@@ -11,7 +11,8 @@ namespace ecran {
 // le programme.
 void RestaurerBaseComplete();
 
-// Le long avertissement en capitales ; vrai si l'utilisateur confirme.
-bool AvertissementAncienneRestauration();
+// Le long avertissement en capitales, celui du menu ou celui de la création d'une société ;
+// vrai si l'utilisateur confirme.
+bool AvertissementAncienneRestauration(bool depuisLeMenu);
 
 } // namespace ecran

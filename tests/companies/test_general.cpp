@@ -372,7 +372,12 @@ private slots:
         ui::RepondreBoite(ui::Reponse::Non);
         Entree("SMRestaure");
         QVERIFY(essai::EcransOuverts().isEmpty());
-        QVERIFY(ui::JournalBoites()[0].texte.startsWith("RESTAURATION D'UNE SAUVEGARDE"));
+        QVERIFY(ui::JournalBoites()[0].texte.startsWith(
+            "=========================================================\nCETTE FONCTION A ETE "
+            "CONSERVEE POUR RAISON DE COMPATIBILITE\n"));
+        QVERIFY(ui::JournalBoites()[0].texte.contains(
+            "ANTERIEURE DU LOGICIEL.\n=========================================================\n"
+            "SI VOUS CLIQUEZ"));
         ui::RepondreBoite(ui::Reponse::Oui);
         Entree("SMRestaure");
         QCOMPARE(essai::EcransOuverts(), QStringList({"Restaure"}));
