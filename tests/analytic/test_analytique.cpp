@@ -31,10 +31,6 @@ using ui::Reponse;
 
 namespace {
 
-QString Affiche(double euros) {
-    return FormaterMontant(Euros(euros), session().FormatMontant);
-}
-
 int Section(double numEcr) {
     table::Ecriture e;
     LireEcriture(Cle, numEcr, e);
@@ -354,13 +350,13 @@ private slots:
             QCOMPARE(c.windowTitle(),
                      QStringLiteral("Ecriture à ventiler dans plusieurs sections"));
             QCOMPARE(Texte(&c, "LRestePourc"), QStringLiteral("100,00%"));
-            QCOMPARE(Texte(&c, "LRestVal"), Affiche(1000));
+            QCOMPARE(Texte(&c, "LRestVal"), essai::AfficheEuros(1000));
             auto* valider = c.findChild<QPushButton*>("Command5");
             QVERIFY(!valider->isEnabled());
             QCOMPARE(Tree(&c, "Tree1")->NombreLignes(), 2);
             Pourcentage(&c, 1, "60");
             QCOMPARE(Texte(&c, "LRestePourc"), QStringLiteral("40,00%"));
-            QCOMPARE(Texte(&c, "LRestVal"), Affiche(400));
+            QCOMPARE(Texte(&c, "LRestVal"), essai::AfficheEuros(400));
             QVERIFY(!valider->isEnabled());
             Pourcentage(&c, 2, "40%");
             QCOMPARE(Texte(&c, "LRestePourc"), QStringLiteral("0,00%"));
@@ -374,7 +370,7 @@ private slots:
         ecran::Analy1c encore(nullptr, achat, "rappel");
         ui::Grille* t = Tree(&encore, "Tree1");
         QCOMPARE(t->Texte(t->ChercherDonnee(1), 2), QStringLiteral("60,00%"));
-        QCOMPARE(t->Texte(t->ChercherDonnee(2), 3), Affiche(400));
+        QCOMPARE(t->Texte(t->ChercherDonnee(2), 3), essai::AfficheEuros(400));
         QCOMPARE(Texte(&encore, "LRestePourc"), QStringLiteral("0,00%"));
     }
 
@@ -431,7 +427,7 @@ private slots:
         pilote.Attendre("Analy1c", [&](QWidget* f) {
             const QString rappel = f->findChild<QLabel*>("Label1")->text();
             if (rappel != QString::number(achat) + "    05/03/2024    " +
-                              Tree(&e, "Tree3")->Texte(0, 2) + "    " + Affiche(1000))
+                              Tree(&e, "Tree3")->Texte(0, 2) + "    " + essai::AfficheEuros(1000))
                 support::PiloteModal::Actif()->Echouer("rappel : " + rappel);
             Pourcentage(f, 1, "25");
             Pourcentage(f, 2, "75");
@@ -459,9 +455,9 @@ private slots:
         ui::Grille* comptes = Tree(&e, "Tree2");
         QCOMPARE(comptes->NombreLignes(), 2); // 607 et 626, ni 699
         QCOMPARE(Tree(&e, "Tree3")->Texte(0, 0), QStringLiteral("Totaux :"));
-        QCOMPARE(Tree(&e, "Tree3")->Texte(0, 5), Affiche(0));
-        QCOMPARE(Texte(&e, "Label4"),
-                 "Notez qu'un total de " + Affiche(1050) + " n'a pas encore été affecté.");
+        QCOMPARE(Tree(&e, "Tree3")->Texte(0, 5), essai::AfficheEuros(0));
+        QCOMPARE(Texte(&e, "Label4"), "Notez qu'un total de " + essai::AfficheEuros(1050) +
+                                          " n'a pas encore été affecté.");
     }
 
     // Une année avec deux sections : une charge ventilée 60/40, un produit à une section,
@@ -490,23 +486,24 @@ private slots:
             return l;
         };
         // 607 : 1 000 ventilés, 600 à la section choisie, 400 à une autre.
-        QCOMPARE(ligneDe("607"),
-                 (QStringList{Affiche(1000), Affiche(0), Affiche(400), Affiche(600)}));
-        QCOMPARE(ligneDe("626"), (QStringList{Affiche(50), Affiche(0), Affiche(50), Affiche(0)}));
+        QCOMPARE(ligneDe("607"), (QStringList{essai::AfficheEuros(1000), essai::AfficheEuros(0),
+                                              essai::AfficheEuros(400), essai::AfficheEuros(600)}));
+        QCOMPARE(ligneDe("626"), (QStringList{essai::AfficheEuros(50), essai::AfficheEuros(0),
+                                              essai::AfficheEuros(50), essai::AfficheEuros(0)}));
         QCOMPARE(Texte(&e, "Label3"), "La(les) section(s) sélectionnée(s) totalisent " +
-                                          Affiche(600) +
+                                          essai::AfficheEuros(600) +
                                           " soit 57,14% du "
                                           "total (" +
-                                          Affiche(1050) + ").");
+                                          essai::AfficheEuros(1050) + ").");
         QCOMPARE(Texte(&e, "Label4"), QString());
         // Les produits : 800 à la section 1, 200 non affectés.
         Cliquer(&e, "BRProduits");
         Cliquer(&e, "Command2");
         QCOMPARE(comptes->NombreLignes(), 1); // ni 799
-        QCOMPARE(ligneDe("707"),
-                 (QStringList{Affiche(1000), Affiche(200), Affiche(0), Affiche(800)}));
-        QCOMPARE(Texte(&e, "Label4"),
-                 "Notez qu'un total de " + Affiche(200) + " n'a pas encore été affecté.");
+        QCOMPARE(ligneDe("707"), (QStringList{essai::AfficheEuros(1000), essai::AfficheEuros(200),
+                                              essai::AfficheEuros(0), essai::AfficheEuros(800)}));
+        QCOMPARE(Texte(&e, "Label4"), "Notez qu'un total de " + essai::AfficheEuros(200) +
+                                          " n'a pas encore été affecté.");
 
         // L'exercice suivant reprend les sections.
         table::Constante k;

@@ -28,10 +28,6 @@ using ui::Reponse;
 
 namespace {
 
-QString Affiche(double euros) {
-    return FormaterMontant(Euros(euros), session().FormatMontant);
-}
-
 table::Budget Ligne(const QString& numero, const QString& cle = Cle) {
     table::Budget b;
     LireBudget(cle, numero, b);
@@ -108,7 +104,7 @@ private slots:
         QCOMPARE(Tree("Tree2")->Titre(3), QStringLiteral("Prévision 2024"));
         const int achats = t->ChercherTexte(1, "607");
         QCOMPARE(t->Texte(achats, 0), QStringLiteral("Charges"));
-        QCOMPARE(t->Texte(achats, 4), Affiche(80));
+        QCOMPARE(t->Texte(achats, 4), essai::AfficheEuros(80));
         QCOMPARE(t->Texte(t->ChercherTexte(1, "707"), 0), QStringLiteral("Produits"));
         // Mode 1 au départ : ni total annuel, ni reste à ventiler, ni calcul.
         QVERIFY(Total()->isHidden());
@@ -125,10 +121,10 @@ private slots:
         QCOMPARE(t->NombreLignes(), 12);
         QCOMPARE(t->Texte(0, 0), QStringLiteral("Octobre"));
         QCOMPARE(t->DonneeLigne(0).toInt(), 10);
-        QCOMPARE(t->Texte(t->ChercherTexte(0, "Mars"), 2), Affiche(80));
+        QCOMPARE(t->Texte(t->ChercherTexte(0, "Mars"), 2), essai::AfficheEuros(80));
         SaisirMois("Octobre", "150,5");
-        QCOMPARE(Prevision("Octobre"), Affiche(150.5));
-        QCOMPARE(Texte("Label2"), Affiche(150.5));
+        QCOMPARE(Prevision("Octobre"), essai::AfficheEuros(150.5));
+        QCOMPARE(Texte("Label2"), essai::AfficheEuros(150.5));
         QVERIFY(e->SaisieModifiee);
         Cliquer("Command5");
         QCOMPARE(Ligne("607").BudgetM[10], Euros(150.5));
@@ -144,7 +140,7 @@ private slots:
                  QStringList{"Votre saisie n'est pas correcte, recommencez"});
         QVERIFY(Tree("Tree2")->EditionOuverte());
         support::TaperDansCellule(Tree("Tree2"), "");
-        QCOMPARE(Prevision("Janvier"), Affiche(0));
+        QCOMPARE(Prevision("Janvier"), essai::AfficheEuros(0));
     }
 
     // 1 000,00 en douzièmes : 83,33 par mois, 999,96 rangés, sans message.
@@ -157,7 +153,7 @@ private slots:
         support::TaperCaracteres(Total(), "1000");
         QTest::keyClick(Total(), Qt::Key_Return); // Entrée en mode 3 : le calcul
         for (int i = 0; i < 12; ++i)
-            QCOMPARE(Tree("Tree2")->Texte(i, 3), Affiche(83.33));
+            QCOMPARE(Tree("Tree2")->Texte(i, 3), essai::AfficheEuros(83.33));
         Cliquer("Command5");
         QVERIFY(ui::JournalBoites().isEmpty());
         QCOMPARE(Ligne("607").Budget, Euros(999.96));
@@ -167,7 +163,8 @@ private slots:
         QVERIFY(e->findChild<QRadioButton*>("Option1")->isChecked());
         QCOMPARE(Tree("Tree1")->Texte(Tree("Tree1")->LigneCourante(), 1), QStringLiteral("626"));
         QCOMPARE(Texte("Label6"), QStringLiteral("626 Frais postaux"));
-        QCOMPARE(Tree("Tree1")->Texte(Tree("Tree1")->ChercherTexte(1, "607"), 5), Affiche(999.96));
+        QCOMPARE(Tree("Tree1")->Texte(Tree("Tree1")->ChercherTexte(1, "607"), 5),
+                 essai::AfficheEuros(999.96));
     }
 
     void calculSansTotal_messageEtFocus() {
@@ -202,15 +199,15 @@ private slots:
         SaisirMois("Janvier", "30");
         QCOMPARE(Tree("Tree2")->Texte(Tree("Tree2")->ChercherTexte(0, "Janvier"), 4),
                  QStringLiteral("30,00%"));
-        QCOMPARE(Prevision("Janvier"), Affiche(300));
+        QCOMPARE(Prevision("Janvier"), essai::AfficheEuros(300));
         SaisirMois("Février", "50%");
         QCOMPARE(Texte("Label5"), QStringLiteral("20,00%"));
-        QCOMPARE(Texte("Label2"), Affiche(800));
+        QCOMPARE(Texte("Label2"), essai::AfficheEuros(800));
         ui::RepondreBoite(Reponse::Non);
         Cliquer("Command5");
         QCOMPARE(ui::JournalBoites().last().texte,
-                 "Vous avez ventilé " + Affiche(800) + " sur les " + Affiche(1000) +
-                     " prévus initialement.\nVoulez-vous continuer ?");
+                 "Vous avez ventilé " + essai::AfficheEuros(800) + " sur les " +
+                     essai::AfficheEuros(1000) + " prévus initialement.\nVoulez-vous continuer ?");
         QCOMPARE(ui::JournalBoites().last().boutons, ui::Boutons::OuiNon);
         QCOMPARE(Ligne("707").Budget, Montant());
         ui::RepondreBoite(Reponse::Oui);
@@ -229,8 +226,8 @@ private slots:
         SaisirMois("Avril", "120");
         QCOMPARE(essai::TextesBoites(), QStringList{"Vous êtes en train de dépasser les 100% !"});
         QCOMPARE(ui::JournalBoites().last().titre, QStringLiteral("Attention"));
-        QCOMPARE(Prevision("Avril"), Affiche(0));
-        QCOMPARE(Prevision("Mars"), Affiche(400));
+        QCOMPARE(Prevision("Avril"), essai::AfficheEuros(0));
+        QCOMPARE(Prevision("Mars"), essai::AfficheEuros(400));
     }
 
     void pourcentageSansTotal_validationRefusee() {
@@ -315,7 +312,8 @@ private slots:
         Cliquer("Command5");
         QCOMPARE(Ligne("607").BudFut, Euros(240));
         QCOMPARE(Ligne("607").Budget, Montant());
-        QCOMPARE(Tree("Tree1")->Texte(Tree("Tree1")->ChercherTexte(1, "607"), 5), Affiche(240));
+        QCOMPARE(Tree("Tree1")->Texte(Tree("Tree1")->ChercherTexte(1, "607"), 5),
+                 essai::AfficheEuros(240));
         e.reset();
 
         table::Constante k;

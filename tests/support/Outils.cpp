@@ -1,5 +1,6 @@
 #include "support/Outils.h"
 
+#include "session/Session.h"
 #include "store/Base.h"
 #include "ui/Boite.h"
 
@@ -10,6 +11,10 @@ namespace essai {
 
 Montant Euros(double v) {
     return Montant::depuisDouble(v);
+}
+
+QString AfficheEuros(double v) {
+    return AfficheMontant(Euros(v));
 }
 
 int Compter(const std::string& sql, const QString& valeur) {

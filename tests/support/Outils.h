@@ -12,6 +12,8 @@
 namespace essai {
 
 Montant Euros(double v);
+// Un montant en euros tel que les écrans le montrent (image de la session).
+QString AfficheEuros(double v);
 
 // Première colonne de la première ligne (un COUNT(*) le plus souvent), -1 sans ligne ;
 // valeur, si elle est donnée, remplace le « ? » de la requête.

@@ -20,14 +20,6 @@
 using namespace tresor_essai;
 using ui::Reponse;
 
-namespace {
-
-QString Affiche(double euros) {
-    return FormaterMontant(essai::Euros(euros), session().FormatMontant);
-}
-
-} // namespace
-
 class TestLettrageManuel : public QObject {
     Q_OBJECT
     std::unique_ptr<support::DossierEssai> dossier;
@@ -95,12 +87,12 @@ private slots:
         FixerCompte("411001", 0, 25);
         Ouvrir("411001");
         Cliquer(1);
-        QCOMPARE(Texte("LCumFact"), Affiche(80));
+        QCOMPARE(Texte("LCumFact"), essai::AfficheEuros(80));
         QCOMPARE(Tree("Tree2")->CouleurFond(0, 0), QColor(Qt::darkRed));
         QVERIFY(!Bouton("CLettrer")->isEnabled());
         Cliquer(2);
-        QCOMPARE(Texte("LCumRegl"), Affiche(-80));
-        QCOMPARE(Texte("LDIFF"), Affiche(0));
+        QCOMPARE(Texte("LCumRegl"), essai::AfficheEuros(-80));
+        QCOMPARE(Texte("LDIFF"), essai::AfficheEuros(0));
         QVERIFY(Bouton("CLettrer")->isEnabled());
         QVERIFY(!e->findChild<QGroupBox*>("Frame4")->isHidden());
         QVERIFY(!Tree("Tree2")->isEnabled());
@@ -120,7 +112,7 @@ private slots:
         Cliquer(1);
         Cliquer(1);
         QCOMPARE(e->EtatLigne(0), 0);
-        QCOMPARE(Texte("LCumFact"), Affiche(0));
+        QCOMPARE(Texte("LCumFact"), essai::AfficheEuros(0));
         QCOMPARE(Tree("Tree2")->CouleurFond(0, 0), QColor(Qt::white));
     }
 
@@ -134,13 +126,13 @@ private slots:
         QCOMPARE(Tree("Tree1")->ChercherTexte(0, "411001"), -1);
         Cocher("BRTousCpt");
         ChoisirCompte("411001");
-        QCOMPARE(Texte("LSde"), Affiche(300));
+        QCOMPARE(Texte("LSde"), essai::AfficheEuros(300));
         QVERIFY(!e->findChild<QGroupBox*>("Frame5")->isHidden());
         Cliquer(1);
         QVERIFY(Bouton("CLettrer")->isEnabled());
         QTest::mouseClick(Bouton("CLettrer"), Qt::LeftButton);
         QCOMPARE(Lettrage(1), 2);
-        QCOMPARE(Texte("LSde"), Affiche(0));
+        QCOMPARE(Texte("LSde"), essai::AfficheEuros(0));
         QVERIFY(e->findChild<QGroupBox*>("Frame5")->isHidden());
     }
 
@@ -173,7 +165,7 @@ private slots:
         Cliquer(1);
         QTest::mouseClick(Bouton("Command1"), Qt::LeftButton);
         QCOMPARE(Lettrage(1), 2);
-        QCOMPARE(Texte("LSde"), Affiche(200));
+        QCOMPARE(Texte("LSde"), essai::AfficheEuros(200));
         QVERIFY(!e->findChild<QGroupBox*>("Frame5")->isHidden());
     }
 
@@ -186,7 +178,7 @@ private slots:
         QTest::mouseClick(Bouton("Command1"), Qt::LeftButton);
         QVERIFY(ui::JournalBoites().isEmpty());
         QCOMPARE(Lettrage(1), 2);
-        QCOMPARE(Texte("LSde"), Affiche(-150));
+        QCOMPARE(Texte("LSde"), essai::AfficheEuros(-150));
     }
 
     // Toutes les écritures : les lettrées en couleur (bleu, vert pour 2, 255 comme 1), et un
@@ -209,7 +201,7 @@ private slots:
         Cliquer(1);
         QCOMPARE(e->EtatLigne(0), -1);
         QCOMPARE(Texte("LCumFact"), QString());
-        QCOMPARE(Texte("LSde"), Affiche(0));
+        QCOMPARE(Texte("LSde"), essai::AfficheEuros(0));
     }
 
     // Un compte sans montant n'apparaît jamais ; un compte soldé seulement avec tous les
@@ -231,8 +223,8 @@ private slots:
         const int ligne = t->ChercherTexte(0, "411003");
         QVERIFY(ligne >= 0);
         QCOMPARE(t->Texte(ligne, 5), QString());
-        QCOMPARE(t->Texte(ligne, 6), Affiche(-12.5));
-        QCOMPARE(t->Texte(ligne, 3), Affiche(0.0001)); // CumD posé à un dix-millième
+        QCOMPARE(t->Texte(ligne, 6), essai::AfficheEuros(-12.5));
+        QCOMPARE(t->Texte(ligne, 3), essai::AfficheEuros(0.0001)); // CumD posé à un dix-millième
     }
 
     // Lettrage Auto sur le compte choisi, sans la phase des comptes soldés.

@@ -19,10 +19,6 @@ using namespace tresor_essai;
 
 namespace {
 
-QString Affiche(double euros) {
-    return FormaterMontant(essai::Euros(euros), session().FormatMontant);
-}
-
 QString Texte(QWidget* e, const char* nom) {
     return e->findChild<QLabel*>(nom)->text();
 }
@@ -83,26 +79,26 @@ private slots:
         QCOMPARE(t->NombreLignes(), 12);
         QCOMPARE(t->Texte(0, 0), QStringLiteral("Octobre"));
         QCOMPARE(t->Texte(11, 0), QStringLiteral("Septembre"));
-        QCOMPARE(Mois(&e, "Avril"), Affiche(360)); // 300 + 60 de l'année suivante
-        QCOMPARE(Mois(&e, "Mai"), Affiche(100));
-        QCOMPARE(Mois(&e, "Janvier"), Affiche(0));
-        QCOMPARE(Texte(&e, "LTotPrev"), Affiche(460));
+        QCOMPARE(Mois(&e, "Avril"), essai::AfficheEuros(360)); // 300 + 60 de l'année suivante
+        QCOMPARE(Mois(&e, "Mai"), essai::AfficheEuros(100));
+        QCOMPARE(Mois(&e, "Janvier"), essai::AfficheEuros(0));
+        QCOMPARE(Texte(&e, "LTotPrev"), essai::AfficheEuros(460));
         // La facture sans échéance : dans son total, dans aucun mois.
-        QCOMPARE(Texte(&e, "LTotFac"), Affiche(75));
+        QCOMPARE(Texte(&e, "LTotFac"), essai::AfficheEuros(75));
         // Reste du solde de début : 200 - 50 lettrés contre lui.
-        QCOMPARE(Texte(&e, "LCumSde"), Affiche(150));
-        QCOMPARE(Texte(&e, "LCumReg"), Affiche(-40));
-        QCOMPARE(Texte(&e, "LSolCalc"), Affiche(460 + 150 - 40 + 75));
-        QCOMPARE(Texte(&e, "LSoldColl"), Affiche(645));
+        QCOMPARE(Texte(&e, "LCumSde"), essai::AfficheEuros(150));
+        QCOMPARE(Texte(&e, "LCumReg"), essai::AfficheEuros(-40));
+        QCOMPARE(Texte(&e, "LSolCalc"), essai::AfficheEuros(460 + 150 - 40 + 75));
+        QCOMPARE(Texte(&e, "LSoldColl"), essai::AfficheEuros(645));
         QCOMPARE(Texte(&e, "LSolCalc"), Texte(&e, "LSoldColl"));
     }
 
     void reglements_fournisseurs() {
         ecran::Tresor04 e;
         QCOMPARE(e.windowTitle(), QStringLiteral("Prévisions des règlements dus aux fournisseurs"));
-        QCOMPARE(Mois(&e, "Mars"), Affiche(30));
-        QCOMPARE(Texte(&e, "LTotPrev"), Affiche(30));
-        QCOMPARE(Texte(&e, "LSoldColl"), Affiche(30));
+        QCOMPARE(Mois(&e, "Mars"), essai::AfficheEuros(30));
+        QCOMPARE(Texte(&e, "LTotPrev"), essai::AfficheEuros(30));
+        QCOMPARE(Texte(&e, "LSoldColl"), essai::AfficheEuros(30));
     }
 
     // Un exercice qui commence en juillet : les lignes partent de juillet.
@@ -128,12 +124,12 @@ private slots:
         QCOMPARE(t->Texte(0, 4), QStringLiteral("15/04/2024"));
         QCOMPARE(t->Texte(4, 4), QString());
         QCOMPARE(t->Texte(0, 1), QStringLiteral("Client Durand"));
-        QCOMPARE(Texte(&e, "LTotFac"), Affiche(300 + 500 + 100 + 60 + 75));
+        QCOMPARE(Texte(&e, "LTotFac"), essai::AfficheEuros(300 + 500 + 100 + 60 + 75));
         QCOMPARE(Texte(&e, "LTotReg"),
                  "ATTENTION ! Du total il faut soustraire le cumul des réglements qui n'ont pas "
                  "encore été lettrés soit : " +
-                     Affiche(-540));
-        QCOMPARE(Texte(&e, "LCumSde"), Affiche(150));
+                     essai::AfficheEuros(-540));
+        QCOMPARE(Texte(&e, "LCumSde"), essai::AfficheEuros(150));
         QVERIFY(!e.findChild<QLabel*>("LibelSde")->isHidden());
 
         e.findChild<QRadioButton*>("BRFactSansEch")->click();
@@ -150,7 +146,7 @@ private slots:
         QCOMPARE(e.FiltreEcheance, 0);
         QVERIFY(e.findChild<QRadioButton*>("BRTtesFact")->isChecked());
         QCOMPARE(t->NombreLignes(), 1);
-        QCOMPARE(Texte(&e, "LTotFac"), Affiche(30));
+        QCOMPARE(Texte(&e, "LTotFac"), essai::AfficheEuros(30));
         QCOMPARE(Texte(&e, "LTotReg"), QString());
         QVERIFY(e.findChild<QLabel*>("LibelSde")->isHidden());
         QVERIFY(e.findChild<QLabel*>("LCumSde")->isHidden());

@@ -17,14 +17,6 @@
 
 using namespace tresor_essai;
 
-namespace {
-
-QString Affiche(double euros) {
-    return FormaterMontant(essai::Euros(euros), session().FormatMontant);
-}
-
-} // namespace
-
 class TestRappr : public QObject {
     Q_OBJECT
     std::unique_ptr<support::DossierEssai> dossier;
@@ -70,8 +62,8 @@ private slots:
         QCOMPARE(t->LigneCourante(), 0);
         QCOMPARE(Texte("Label10"), QStringLiteral("512"));
         QCOMPARE(Texte("Label11"), QStringLiteral("Banque"));
-        QCOMPARE(Texte("Label3"), Affiche(1000));
-        QCOMPARE(Texte("Label9"), Affiche(1250));
+        QCOMPARE(Texte("Label3"), essai::AfficheEuros(1000));
+        QCOMPARE(Texte("Label9"), essai::AfficheEuros(1250));
         QCOMPARE(Texte("Label1"), QStringLiteral("Sélectionnez un compte"));
         QVERIFY(Tree("Tree2")->isHidden());
     }
@@ -95,23 +87,23 @@ private slots:
         ui::Grille* t = Tree("Tree2");
         QCOMPARE(t->NombreLignes(), 4);
         // 1 000 de début, -100 et -50 pointés.
-        QCOMPARE(Texte("Label13"), Affiche(850));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(850));
         QCOMPARE(t->Texte(LigneDe(2), 5), QStringLiteral("OUI"));
         QCOMPARE(t->CouleurTexte(LigneDe(2), 2), QColor(Qt::red));
         QCOMPARE(t->Texte(LigneDe(1), 5), QString());
-        QCOMPARE(t->Texte(LigneDe(1), 3), Affiche(400));
-        QCOMPARE(t->Texte(LigneDe(2), 4), Affiche(-100));
+        QCOMPARE(t->Texte(LigneDe(1), 3), essai::AfficheEuros(400));
+        QCOMPARE(t->Texte(LigneDe(2), 4), essai::AfficheEuros(-100));
         // Pointer : la ligne à 1 tout de suite, son montant dans le solde théorique.
         QVERIFY(support::CliquerCellule(t, LigneDe(1), 2));
         QCOMPARE(Lettrage(1), 1);
         QCOMPARE(t->Texte(LigneDe(1), 5), QStringLiteral("OUI"));
-        QCOMPARE(Texte("Label13"), Affiche(1250));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(1250));
         // Dépointer une ligne pointée : 0 tout de suite, le montant en sort.
         QVERIFY(support::CliquerCellule(t, LigneDe(2), 2));
         QCOMPARE(Lettrage(2), 0);
         QCOMPARE(t->Texte(LigneDe(2), 5), QString());
         QCOMPARE(t->CouleurTexte(LigneDe(2), 0), QColor(Qt::black));
-        QCOMPARE(Texte("Label13"), Affiche(1350));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(1350));
     }
 
     void nonPointees_laLigneResteJusquAuProchainAffichage() {
@@ -122,17 +114,17 @@ private slots:
                  QStringLiteral("Liste des écritures qui n'ont pas encore été pointées"));
         ui::Grille* t = Tree("Tree2");
         QCOMPARE(t->NombreLignes(), 2);
-        QCOMPARE(Texte("Label13"), Affiche(850)); // le même sur les trois listes
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(850)); // le même sur les trois listes
         QVERIFY(support::CliquerCellule(t, LigneDe(4), 0));
         QCOMPARE(t->Texte(LigneDe(4), 5), QStringLiteral("OUI"));
         QCOMPARE(t->NombreLignes(), 2);
-        QCOMPARE(Texte("Label13"), Affiche(850.5));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(850.5));
         Cliquer("Command6");
         QCOMPARE(t->NombreLignes(), 1);
         Cliquer("Command7");
         QCOMPARE(Texte("Label1"), QStringLiteral("Liste des écritures qui ont été pointées"));
         QCOMPARE(t->NombreLignes(), 3);
-        QCOMPARE(Texte("Label13"), Affiche(850.5));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(850.5));
     }
 
     // Retour, puis le même compte choisi : le solde théorique repart du solde de début, et
@@ -149,7 +141,7 @@ private slots:
         QVERIFY(support::CliquerCellule(Tree("Tree1"), 0, 1));
         QCOMPARE(e->SoldeTheorique, essai::Euros(1000));
         Cliquer("Command7");
-        QCOMPARE(Texte("Label13"), Affiche(850));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(850));
     }
 
     // Aucune ligne pointée : le solde théorique est le solde de début.
@@ -161,7 +153,7 @@ private slots:
         QCOMPARE(Texte("Label10"), QStringLiteral("5121"));
         Cliquer("Command1");
         QCOMPARE(Tree("Tree2")->NombreLignes(), 1);
-        QCOMPARE(Texte("Label13"), Affiche(20));
+        QCOMPARE(Texte("Label13"), essai::AfficheEuros(20));
     }
 
     void aide_contexte12() {

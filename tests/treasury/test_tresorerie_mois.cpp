@@ -28,10 +28,6 @@ using ui::Reponse;
 
 namespace {
 
-QString Affiche(double euros) {
-    return FormaterMontant(Euros(euros), session().FormatMontant);
-}
-
 QString Texte(QWidget* e, const char* nom) {
     return e->findChild<QLabel*>(nom)->text();
 }
@@ -137,29 +133,29 @@ private slots:
             manuel.show();
             ui::Grille* comptes = manuel.findChild<ui::Grille*>("Tree1");
             QVERIFY(support::CliquerCellule(comptes, comptes->ChercherTexte(0, "411001"), 0));
-            QCOMPARE(Texte(&manuel, "LSde"), Affiche(300));
+            QCOMPARE(Texte(&manuel, "LSde"), essai::AfficheEuros(300));
             ui::Grille* lignes = manuel.findChild<ui::Grille*>("Tree2");
             QCOMPARE(lignes->NombreLignes(), 1);
             QVERIFY(support::CliquerCellule(lignes, 0, 3));
             QTest::mouseClick(manuel.findChild<QPushButton*>("Command1"), Qt::LeftButton);
             QCOMPARE(Lettrage(acompteAncien), 2);
-            QCOMPARE(Texte(&manuel, "LSde"), Affiche(200));
+            QCOMPARE(Texte(&manuel, "LSde"), essai::AfficheEuros(200));
         }
 
         // Prévisions : ce qui reste ouvert, et le contrôle par les collectifs.
         {
             ecran::Tresor03 clients;
-            QCOMPARE(Texte(&clients, "LTotPrev"), Affiche(240));
-            QCOMPARE(Texte(&clients, "LTotFac"), Affiche(60));
-            QCOMPARE(Texte(&clients, "LCumSde"), Affiche(200));
-            QCOMPARE(Texte(&clients, "LCumReg"), Affiche(-200));
+            QCOMPARE(Texte(&clients, "LTotPrev"), essai::AfficheEuros(240));
+            QCOMPARE(Texte(&clients, "LTotFac"), essai::AfficheEuros(60));
+            QCOMPARE(Texte(&clients, "LCumSde"), essai::AfficheEuros(200));
+            QCOMPARE(Texte(&clients, "LCumReg"), essai::AfficheEuros(-200));
             table::Compte collectif;
             QVERIFY(LireCompte(Cle, "410", collectif));
             QCOMPARE(collectif.Solde, Euros(300));
-            QCOMPARE(Texte(&clients, "LSolCalc"), Affiche(300));
+            QCOMPARE(Texte(&clients, "LSolCalc"), essai::AfficheEuros(300));
             QCOMPARE(Texte(&clients, "LSoldColl"), Texte(&clients, "LSolCalc"));
             ecran::Tresor04 fournisseurs;
-            QCOMPARE(Texte(&fournisseurs, "LTotPrev"), Affiche(48));
+            QCOMPARE(Texte(&fournisseurs, "LTotPrev"), essai::AfficheEuros(48));
             QVERIFY(LireCompte(Cle, "400", collectif));
             QCOMPARE(Texte(&fournisseurs, "LSoldColl"),
                      FormaterMontant(collectif.Solde, session().FormatMontant));
