@@ -1,10 +1,11 @@
 #include "companies/CreSociete.h"
 
 #include "base/Valeur.h"
-#include "companies/Exercices.h"
 #include "companies/OuvertureEcrans.h"
 #include "companies/Restauration.h"
+#include "fec/ImportFEC.h"
 #include "session/Session.h"
+#include "store/Exercices.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
@@ -60,6 +61,7 @@ CreSociete::CreSociete(QWidget* parent)
     connect(ui->Command4, &QPushButton::clicked, this, &CreSociete::Command4_Click);
     connect(ui->Command5, &QPushButton::clicked, this, &CreSociete::Command5_Click);
     connect(ui->Command6, &QPushButton::clicked, this, &CreSociete::Command6_Click);
+    connect(ui->Command7, &QPushButton::clicked, this, &CreSociete::Command7_Click);
     Form_Load();
 }
 
@@ -89,6 +91,7 @@ void CreSociete::Form_Load() {
     ui->Label9->setVisible(!creation);
     ui->Frame1->setVisible(creation);
     ui->Command3->setVisible(creation);
+    ui->Command7->setVisible(creation);
     if (creation) {
         // Un premier exercice qui commence le 1er janvier de l'année en cours, à changer.
         ui->Text6->setText(QStringLiteral("01"));
@@ -240,6 +243,17 @@ void CreSociete::Command5_Click() {
 
 void CreSociete::Command6_Click() {
     if (AvertissementAncienneRestauration(false)) OuvrirEcran(QStringLiteral("Restaure"), this);
+}
+
+void CreSociete::Command7_Click() {
+    ImportFEC reprise(this);
+    reprise.exec();
+    if (ui::FinDemandee()) return;
+    // La société reprise est la société créée : la liste des sociétés la choisira.
+    if (reprise.NumSocCreee() > 0) {
+        numSocCreee = reprise.NumSocCreee();
+        accept();
+    }
 }
 
 } // namespace ecran

@@ -34,6 +34,7 @@ public slots:
     void Command4_Click();
     void Command5_Click();
     void Command6_Click();
+    void Command7_Click();
 
 protected:
     // Fermer la fenêtre vaut "Retour".

@@ -6,6 +6,7 @@
 #include "base/Reglages.h"
 #include "base/Valeur.h"
 #include "companies/General.h"
+#include "fec/RepriseFec.h"
 #include "posting/Securite.h"
 #include "session/FichierProfil.h"
 #include "session/Session.h"
@@ -218,6 +219,12 @@ bool Demarrage(const QStringList& arguments) {
 
     DeciderMarqueur();
     if (ui::FinDemandee()) return false;
+    for (const QString& nom : fec::RetirerReprisesInterrompues())
+        ui::Boite(QStringLiteral("La reprise de la comptabilité « %1 » depuis un fichier des "
+                                 "écritures comptables a été interrompue.\n\nCette société, "
+                                 "incomplète, a été retirée : recommencez la reprise.")
+                      .arg(nom),
+                  QStringLiteral("Maroval"), ui::Icone::Exclamation);
 
     if (e.MontrerSociete) e.MontrerSociete();
     return !ui::FinDemandee();

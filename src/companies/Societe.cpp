@@ -7,7 +7,7 @@
 #include "base/Valeur.h"
 #include "chart/DonneesPlan.h"
 #include "companies/CreSociete.h"
-#include "companies/Exercices.h"
+#include "store/Exercices.h"
 #include "companies/General.h"
 #include "companies/OuvertureEcrans.h"
 #include "session/Session.h"

@@ -157,7 +157,7 @@ void RetirerLigneCompte(const QString& numero) {
 }
 
 void Vider() {
-    Base().exec("DELETE FROM wSaisie");
+    ViderTableTravail();
 }
 
 namespace {

@@ -13,6 +13,8 @@
 
 namespace {
 
+int g_enLot = 0;
+
 table::Ecriture LigneEcriture(const QString& cle, const table::Saisie& s, double dernierNum) {
     table::Ecriture e;
     e.CleCpt = cle;
@@ -59,7 +61,7 @@ void PasserEcriture(const QString& Dernum, const QString& Monnaie) {
     bool journalLu = false;
     double dernierNum = 0;
 
-    EcrireMarqueurDebut(cle, Dernum);
+    if (g_enLot == 0) EcrireMarqueurDebut(cle, Dernum);
 
     // Images de tout ce qui va changer ; les livres ne bougent pas encore. Une seule
     // validation : un arrêt au milieu laisse moins d'images, jamais d'autre effet.
@@ -105,7 +107,7 @@ void PasserEcriture(const QString& Dernum, const QString& Monnaie) {
         images.commit();
     }
 
-    EcrireMarqueur(QStringLiteral("2"));
+    if (g_enLot == 0) EcrireMarqueur(QStringLiteral("2"));
 
     // Les livres changent, d'un seul tenant.
     {
@@ -120,6 +122,20 @@ void PasserEcriture(const QString& Dernum, const QString& Monnaie) {
         livres.commit();
     }
 
-    EcrireMarqueur(QStringLiteral("0"));
+    if (g_enLot == 0) EcrireMarqueur(QStringLiteral("0"));
     PurgerCleTemporaire();
+}
+
+PassagesEnLot::PassagesEnLot() {
+    // En WAL, NORMAL ne synchronise plus chaque validation mais garde la base intègre.
+    if (g_enLot++ == 0) Base().exec("PRAGMA synchronous=NORMAL");
+}
+
+PassagesEnLot::~PassagesEnLot() {
+    if (--g_enLot > 0) return;
+    try {
+        Base().exec("PRAGMA synchronous=FULL");
+    } catch (const std::exception&) {
+        // La base fermée entre-temps se rouvrira en FULL.
+    }
 }

@@ -3,6 +3,7 @@
 #include "posting/Filtre.h"
 #include "session/Session.h"
 #include "store/Acces.h"
+#include "store/Base.h"
 #include "store/Routines.h"
 
 std::vector<LigneTravail> LireTableTravail() {
@@ -17,6 +18,10 @@ std::vector<LigneTravail> LireTableTravail() {
         lignes.push_back(std::move(l));
     }
     return lignes;
+}
+
+void ViderTableTravail() {
+    Base().exec("DELETE FROM wSaisie");
 }
 
 void EcrireNumeroTravail(std::int64_t rowid, double numero) {

@@ -12,6 +12,8 @@ struct LigneTravail {
 };
 
 std::vector<LigneTravail> LireTableTravail();
+// La table de travail vidée, avant une autre écriture.
+void ViderTableTravail();
 void EcrireNumeroTravail(std::int64_t rowid, double numero);
 void EcrireMontantTravail(std::int64_t rowid, Montant montant);
 

@@ -43,7 +43,7 @@ const QHash<QString, QSet<QString>>& EcransOuverts() {
         {"treasury", {}},
         {"budget", {}},
         {"analytic", {}},
-        {"fec", {}},
+        {"fec", {"chart"}},
     };
     return t;
 }

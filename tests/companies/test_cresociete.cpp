@@ -4,9 +4,9 @@
 #include "Essai.h"
 
 #include "companies/CreSociete.h"
-#include "companies/Exercices.h"
 #include "companies/Restauration.h"
 #include "session/FichierProfil.h"
+#include "store/Exercices.h"
 #include "ui/Application.h"
 #include "ui/Fin.h"
 #include "ui/Horloge.h"
@@ -62,15 +62,15 @@ private slots:
     }
 
     void dateDeFin_dernierJourDuMoisPrecedentUnAnPlusTard() {
-        QCOMPARE(ecran::CalculDateFin(1, 1, 2024), QStringLiteral("20241231"));
-        QCOMPARE(ecran::CalculDateFin(1, 2, 2024), QStringLiteral("20250131"));
-        QCOMPARE(ecran::CalculDateFin(15, 3, 2023), QStringLiteral("20240229"));
-        QCOMPARE(ecran::CalculDateFin(1, 3, 2022), QStringLiteral("20230228"));
+        QCOMPARE(CalculDateFin(1, 1, 2024), QStringLiteral("20241231"));
+        QCOMPARE(CalculDateFin(1, 2, 2024), QStringLiteral("20250131"));
+        QCOMPARE(CalculDateFin(15, 3, 2023), QStringLiteral("20240229"));
+        QCOMPARE(CalculDateFin(1, 3, 2022), QStringLiteral("20230228"));
         // Seul le 1er janvier garde la fin dans la même année : un 15 janvier finit au
         // 31 décembre de l'année suivante, la règle le veut ainsi.
-        QCOMPARE(ecran::CalculDateFin(15, 1, 2024), QStringLiteral("20251231"));
-        QCOMPARE(ecran::CalculDateFin(1, 7, 2024), QStringLiteral("20250630"));
-        QCOMPARE(ecran::CalculDateDebut(45, 1, 2024), QStringLiteral("20240145"));
+        QCOMPARE(CalculDateFin(15, 1, 2024), QStringLiteral("20251231"));
+        QCOMPARE(CalculDateFin(1, 7, 2024), QStringLiteral("20250630"));
+        QCOMPARE(CalculDateDebut(45, 1, 2024), QStringLiteral("20240145"));
     }
 
     void creation_titreEtControles() {

@@ -3,10 +3,10 @@
 
 #include "Essai.h"
 
-#include "companies/Exercices.h"
 #include "companies/General.h"
 #include "companies/Societe.h"
 #include "session/FichierProfil.h"
+#include "store/Exercices.h"
 #include "ui/Application.h"
 #include "ui/ChampDate.h"
 
@@ -92,7 +92,7 @@ private slots:
         essai::AjouterAnnee(autre, 2024);
         Remplir(autre, 2024);
 
-        ecran::SupprimerExercice(martin, 2024);
+        SupprimerExercice(martin, 2024);
         QCOMPARE(Lignes(CleExercice(martin, 2024)), 0);
         QCOMPARE(LignesSauve(martin, 2024), 0);
         QVERIFY(!essai::Constante(CleExercice(martin, 2023)).NouveauPC);
@@ -109,10 +109,10 @@ private slots:
         essai::AjouterExercice(martin, 2024, e);
         double n = -1;
         bool clos = false;
-        QVERIFY(ecran::LireEtatExercice(martin, 2024, n, clos));
+        QVERIFY(LireEtatExercice(martin, 2024, n, clos));
         QCOMPARE(n, 12.0);
         QVERIFY(clos);
-        QVERIFY(!ecran::LireEtatExercice(martin, 2030, n, clos));
+        QVERIFY(!LireEtatExercice(martin, 2030, n, clos));
         QCOMPARE(n, 0.0);
         QVERIFY(!clos);
     }

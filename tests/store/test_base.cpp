@@ -122,6 +122,7 @@ private slots:
         tables.sort();
         // Les tables propres au programme s'ajoutent à celles d'origine, et seulement elles.
         QVERIFY(tables.removeOne(QStringLiteral("SirenSociete")));
+        QVERIFY(tables.removeOne(QStringLiteral("RepriseEnCours")));
         QCOMPARE(tables, noms);
         for (auto it = attendu.begin(); it != attendu.end(); ++it)
             QCOMPARE(Colonnes(it.key()), it.value());

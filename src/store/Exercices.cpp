@@ -1,9 +1,7 @@
-#include "companies/Exercices.h"
+#include "store/Exercices.h"
 
 #include "store/Base.h"
 #include "store/Routines.h"
-
-namespace ecran {
 
 QList<SocieteListe> LireSocietes() {
     QList<SocieteListe> societes;
@@ -22,6 +20,17 @@ int NombreSocietes() {
 void RetirerSociete(int numSoc) {
     auto& q = Requete("DELETE FROM Societe WHERE NumSoc=?");
     q.bind(1, numSoc);
+    q.exec();
+}
+
+std::int64_t CompteurSocietes() {
+    SQLite::Statement q(Base(), "SELECT seq FROM sqlite_sequence WHERE name = 'Societe'");
+    return q.executeStep() ? q.getColumn(0).getInt64() : 0;
+}
+
+void RemettreCompteurSocietes(std::int64_t valeur) {
+    SQLite::Statement q(Base(), "UPDATE sqlite_sequence SET seq = ? WHERE name = 'Societe'");
+    q.bind(1, valeur);
     q.exec();
 }
 
@@ -90,5 +99,3 @@ QString CalculDateDebut(int jour, int mois, int annee) {
         .arg(mois, 2, 10, QLatin1Char('0'))
         .arg(jour, 2, 10, QLatin1Char('0'));
 }
-
-} // namespace ecran

@@ -3,8 +3,7 @@
 
 #include <QList>
 #include <QString>
-
-namespace ecran {
+#include <cstdint>
 
 struct SocieteListe {
     int numero = 0;
@@ -15,6 +14,10 @@ QList<SocieteListe> LireSocietes();
 int NombreSocietes();
 // Retire la ligne de la société (ses exercices sont retirés à part).
 void RetirerSociete(int numSoc);
+// Compteur des numéros de société : relu avant une création qui peut être défaite, remis
+// ensuite pour que la base redevienne exactement ce qu'elle était.
+std::int64_t CompteurSocietes();
+void RemettreCompteurSocietes(std::int64_t valeur);
 
 struct ExerciceListe {
     int annee = 0;
@@ -36,5 +39,3 @@ void SupprimerExercice(int numSoc, int exercice);
 QString CalculDateFin(int jour, int mois, int annee);
 // Le début tel qu'il est rangé : AAAAMMJJ sans contrôle du jour.
 QString CalculDateDebut(int jour, int mois, int annee);
-
-} // namespace ecran
