@@ -2,6 +2,7 @@
 
 #include "posting/Filtre.h"
 #include "posting/PasserEcriture.h"
+#include "posting/TableTravail.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -136,21 +137,15 @@ void FaireOuverture() {
 void Poser(const QString& numero, bool debit, long long centimes, const QString& journal,
            const QString& date, const QString& libelle) {
     const table::Compte& c = CompteDuPlan(numero);
-    table::Saisie s;
+    table::Saisie s = LigneSurCompte(c, journal);
     s.wDateEcr = date;
     s.wDatePiece = date;
     s.wNumCpt = numero;
-    s.wErEcr = c.ErCpt;
-    s.wLibCpt = c.LibCpt;
-    s.wTiers = c.Tiers;
-    s.wBilan = c.Bilan;
-    s.wMenu = c.Menu;
     s.wLibEcr = libelle;
     const bool debitNaturel = c.ErCpt.startsWith(u'E');
     const Montant m = Montant::depuisCentimes(centimes);
     s.wMntEcr = debit == debitNaturel ? m : -m;
     s.wDCEcr = debit ? QStringLiteral("D") : QStringLiteral("C");
-    s.wJournal = journal;
     s.wMenuLigne = journal + QStringLiteral("01");
     AjouterSaisie(s);
 }

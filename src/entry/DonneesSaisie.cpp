@@ -115,16 +115,8 @@ std::optional<Ligne> LireLigne(double wNumEcrt, const QString& numCpt) {
 
 table::Saisie LigneDuCompteChoisi(const table::Compte& compte, double wNumEcrt,
                                   const QString& journal) {
-    table::Saisie r;
+    table::Saisie r = LigneSurCompte(compte, journal);
     r.wNumEcrt = wNumEcrt;
-    r.wNumCpt = compte.NumCpt;
-    r.wErEcr = compte.ErCpt;
-    r.wLibCpt = compte.LibCpt;
-    r.wSolde = compte.Solde;
-    r.wTiers = compte.Tiers;
-    r.wBilan = compte.Bilan;
-    r.wMenu = compte.Menu;
-    r.wJournal = journal;
     return r;
 }
 

@@ -472,22 +472,15 @@ Resultat ReprendreFec(const FichierLu& f, const Parametres& p,
                     if (m.estNul()) continue;
                     const QString n = plan.NumeroDe(l);
                     const table::Compte& c = comptes[n];
-                    table::Saisie w;
+                    table::Saisie w = LigneSurCompte(c, journal);
                     w.wDateEcr = e.date;
                     w.wDatePiece = l.pieceDate.isEmpty() ? e.date : l.pieceDate;
-                    w.wNumCpt = n;
-                    w.wErEcr = c.ErCpt;
-                    w.wLibCpt = c.LibCpt;
-                    w.wTiers = c.Tiers;
-                    w.wBilan = c.Bilan;
-                    w.wMenu = c.Menu;
                     w.wLibEcr = TexteRange(l.ecritureLib.trimmed(), 40);
                     const bool debit = m > Montant();
                     // Le montant est positif quand le compte grandit de son côté naturel.
                     const bool naturel = c.ErCpt.trimmed().startsWith(QLatin1Char('E'));
                     w.wMntEcr = debit == naturel ? m.abs() : -m.abs();
                     w.wDCEcr = debit ? QStringLiteral("D") : QStringLiteral("C");
-                    w.wJournal = journal;
                     w.wMenuLigne = journal + QStringLiteral("01");
                     AjouterSaisie(w);
                     ++lignes;

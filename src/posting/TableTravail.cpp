@@ -20,6 +20,19 @@ std::vector<LigneTravail> LireTableTravail() {
     return lignes;
 }
 
+table::Saisie LigneSurCompte(const table::Compte& compte, const QString& journal) {
+    table::Saisie r;
+    r.wNumCpt = compte.NumCpt;
+    r.wErEcr = compte.ErCpt;
+    r.wLibCpt = compte.LibCpt;
+    r.wSolde = compte.Solde;
+    r.wTiers = compte.Tiers;
+    r.wBilan = compte.Bilan;
+    r.wMenu = compte.Menu;
+    r.wJournal = journal;
+    return r;
+}
+
 void ViderTableTravail() {
     Base().exec("DELETE FROM wSaisie");
 }

@@ -12,6 +12,10 @@ struct LigneTravail {
 };
 
 std::vector<LigneTravail> LireTableTravail();
+// Une ligne de wSaisie sur ce compte, dans ce journal : numéro, classe, libellé, solde,
+// tiers, poste du bilan et fonction du compte ; le reste à remplir.
+table::Saisie LigneSurCompte(const table::Compte& compte, const QString& journal);
+
 // La table de travail vidée, avant une autre écriture.
 void ViderTableTravail();
 void EcrireNumeroTravail(std::int64_t rowid, double numero);

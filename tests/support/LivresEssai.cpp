@@ -2,6 +2,7 @@
 
 #include "posting/Filtre.h"
 #include "posting/PasserEcriture.h"
+#include "posting/TableTravail.h"
 #include "session/Session.h"
 #include "store/Base.h"
 #include "store/Routines.h"
@@ -125,21 +126,15 @@ table::Saisie LigneDuCompte(const QString& numero, const QString& dc, Montant ab
                             const QString& caseMenu) {
     table::Compte c;
     LireCompte(Cle, numero, c);
-    table::Saisie s;
+    table::Saisie s = LigneSurCompte(c, journal);
     s.wDateEcr = date;
     s.wDatePiece = date;
+    // Un compte absent du plan garde son numéro : certains essais le veulent ainsi.
     s.wNumCpt = numero;
-    s.wErEcr = c.ErCpt;
-    s.wLibCpt = c.LibCpt;
-    s.wSolde = c.Solde;
-    s.wTiers = c.Tiers;
-    s.wBilan = c.Bilan;
-    s.wMenu = c.Menu;
     s.wLibEcr = libelle;
     const bool debitNaturel = c.ErCpt.startsWith(u'E');
     s.wMntEcr = (dc == QLatin1String("D")) == debitNaturel ? absolu : -absolu;
     s.wDCEcr = dc;
-    s.wJournal = journal;
     s.wMenuLigne = caseMenu;
     return s;
 }
