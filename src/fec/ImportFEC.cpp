@@ -239,6 +239,14 @@ void ImportFEC::Command5_Click() {
     ui::AfficherAide(AideReprise);
 }
 
+void ImportFEC::done(int resultat) {
+    if (enCours) {
+        annulation = true;
+        return;
+    }
+    ui::EcranModal::done(resultat);
+}
+
 void ImportFEC::closeEvent(QCloseEvent* evenement) {
     // Fermer pendant la reprise vaut l'annuler.
     if (enCours) {

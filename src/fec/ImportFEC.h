@@ -31,6 +31,10 @@ public slots:
     void Command4_Click();
     void Command5_Click();
 
+    // Fermer l'écran pendant la reprise (Échap, la croix) vaut l'annuler : l'écran reste
+    // ouvert jusqu'à ce que tout soit retiré.
+    void done(int resultat) override;
+
 protected:
     void closeEvent(QCloseEvent* evenement) override;
 

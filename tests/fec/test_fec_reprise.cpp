@@ -532,6 +532,36 @@ private slots:
         QCOMPARE(essai::TextesBoites().last(),
                  QStringLiteral("Vous devez entrer un nom.\nRecommencez"));
         support::TaperCaracteres(e.findChild<QLineEdit*>("Text1"), "Ébénisterie Dupré");
+        // Pendant la reprise, « Annuler » puis la croix de la fenêtre : chaque fois rien n'est
+        // gardé et l'écran reste ouvert.
+        auto* annuler = e.findChild<QPushButton*>("Command4");
+        QVERIFY(annuler->isHidden());
+        auto* jauge = e.findChild<QProgressBar*>("Gauge1");
+        for (const bool parLaCroix : {false, true}) {
+            // Le geste vient quand la jauge avance : la reprise est en cours.
+            bool vu = false, pendant = false;
+            const QMetaObject::Connection c =
+                connect(jauge, &QProgressBar::valueChanged, &e, [&](int valeur) {
+                    if (vu || valeur == 0) return;
+                    vu = true;
+                    pendant =
+                        annuler->isVisible() && !e.findChild<QPushButton*>("Command3")->isEnabled();
+                    if (parLaCroix)
+                        e.close();
+                    else
+                        QTest::mouseClick(annuler, Qt::LeftButton);
+                });
+            ui::RepondreBoite(Reponse::OK);
+            QTest::mouseClick(e.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+            disconnect(c);
+            QVERIFY(vu);
+            QVERIFY(pendant);
+            QCOMPARE(essai::TextesBoites().last(),
+                     QStringLiteral("La reprise est annulée : rien n'a été gardé."));
+            QCOMPARE(Societes(), avant);
+            QVERIFY(e.isVisible());
+            QVERIFY(annuler->isHidden());
+        }
         if (!support::DossierCaptures().isEmpty())
             e.grab().save(QDir(support::DossierCaptures()).filePath("ImportFEC.png"));
         QVERIFY(support::ImageDessinee(e.grab().toImage()));
