@@ -1,5 +1,6 @@
 #include "companies/CreSociete.h"
 
+#include "backup/Restaure.h"
 #include "base/Valeur.h"
 #include "companies/OuvertureEcrans.h"
 #include "companies/Restauration.h"
@@ -242,7 +243,7 @@ void CreSociete::Command5_Click() {
 }
 
 void CreSociete::Command6_Click() {
-    if (AvertissementAncienneRestauration(false)) OuvrirEcran(QStringLiteral("Restaure"), this);
+    if (AvertissementAncienneRestauration(false)) OuvrirEcran<Restaure>(this);
 }
 
 void CreSociete::Command7_Click() {

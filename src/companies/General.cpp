@@ -1,13 +1,39 @@
 #include "companies/General.h"
 
+#include "analytic/Analy0.h"
+#include "backup/Backup.h"
 #include "backup/Restauration.h"
+#include "backup/Restaure.h"
+#include "backup/Sauve.h"
+#include "budget/Budget00.h"
+#include "budget/Budget04.h"
+#include "budget/ControleDetaille.h"
+#include "chart/Plan2.h"
 #include "companies/APropos.h"
 #include "companies/Options.h"
 #include "companies/OuvertureEcrans.h"
 #include "companies/Restauration.h"
 #include "companies/Societe.h"
+#include "consultation/Balance.h"
+#include "consultation/BilGraph.h"
+#include "consultation/ConsCpt.h"
+#include "consultation/Consult.h"
+#include "consultation/Journal.h"
+#include "consultation/Resultat.h"
+#include "entry/Annul.h"
+#include "entry/Choisais.h"
+#include "entry/ModifLib.h"
+#include "entry/SaisDC.h"
+#include "entry/Saislog.h"
+#include "fec/ExportFEC.h"
 #include "fiscal/Fiscalite.h"
+#include "reports/Editions.h"
 #include "session/Session.h"
+#include "treasury/Previsions.h"
+#include "treasury/Rappr.h"
+#include "treasury/Tresor01.h"
+#include "treasury/Tresor02.h"
+#include "treasury/Tresor05.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
 #include "ui/Fin.h"
@@ -30,28 +56,28 @@ namespace {
 
 QPointer<General> instance;
 
-// Clé d'une entrée déroulante et l'écran qu'elle ouvre.
-const QHash<QString, QString>& EcransDeroulants() {
-    static const QHash<QString, QString> e = {
-        {QStringLiteral("SaisDC"), QStringLiteral("SaisDC")},
-        {QStringLiteral("Saislog"), QStringLiteral("Saislog")},
-        {QStringLiteral("Annul"), QStringLiteral("Annul")},
-        {QStringLiteral("ModifLibel"), QStringLiteral("ModifLib")},
-        {QStringLiteral("Journaux"), QStringLiteral("Journal")},
-        {QStringLiteral("Balances"), QStringLiteral("Balance")},
-        {QStringLiteral("Resultat"), QStringLiteral("Resultat")},
-        {QStringLiteral("Bilan"), QStringLiteral("Consult")},
-        {QStringLiteral("Consultcpt"), QStringLiteral("ConsCpt")},
-        {QStringLiteral("Graphiques"), QStringLiteral("BilGraph")},
-        {QStringLiteral("Budget01"), QStringLiteral("Budget00")},
-        {QStringLiteral("Budget02"), QStringLiteral("Budget00")},
-        {QStringLiteral("Budget03"), QStringLiteral("budget03")},
-        {QStringLiteral("Budget04"), QStringLiteral("Budget04")},
-        {QStringLiteral("Choix1"), QStringLiteral("Tresor01")},
-        {QStringLiteral("Choix2"), QStringLiteral("Tresor02")},
-        {QStringLiteral("Choix3"), QStringLiteral("Tresor03")},
-        {QStringLiteral("Choix4"), QStringLiteral("Tresor04")},
-        {QStringLiteral("Choix5"), QStringLiteral("Tresor05")},
+// Clé d'une entrée déroulante et l'ouverture de son écran.
+const QHash<QString, void (*)(QWidget*)>& EcransDeroulants() {
+    static const QHash<QString, void (*)(QWidget*)> e = {
+        {QStringLiteral("SaisDC"), &OuvrirEcran<SaisDC>},
+        {QStringLiteral("Saislog"), &OuvrirEcran<Saislog>},
+        {QStringLiteral("Annul"), &OuvrirEcran<Annul>},
+        {QStringLiteral("ModifLibel"), &OuvrirEcran<ModifLib>},
+        {QStringLiteral("Journaux"), &OuvrirEcran<Journal>},
+        {QStringLiteral("Balances"), &OuvrirEcran<Balance>},
+        {QStringLiteral("Resultat"), &OuvrirEcran<Resultat>},
+        {QStringLiteral("Bilan"), &OuvrirEcran<Consult>},
+        {QStringLiteral("Consultcpt"), &OuvrirEcran<ConsCpt>},
+        {QStringLiteral("Graphiques"), &OuvrirEcran<BilGraph>},
+        {QStringLiteral("Budget01"), &OuvrirEcran<Budget00>},
+        {QStringLiteral("Budget02"), &OuvrirEcran<Budget00>},
+        {QStringLiteral("Budget03"), &OuvrirEcran<budget03>},
+        {QStringLiteral("Budget04"), &OuvrirEcran<Budget04>},
+        {QStringLiteral("Choix1"), &OuvrirEcran<Tresor01>},
+        {QStringLiteral("Choix2"), &OuvrirEcran<Tresor02>},
+        {QStringLiteral("Choix3"), &OuvrirEcran<Tresor03>},
+        {QStringLiteral("Choix4"), &OuvrirEcran<Tresor04>},
+        {QStringLiteral("Choix5"), &OuvrirEcran<Tresor05>},
     };
     return e;
 }
@@ -189,31 +215,27 @@ void General::Form_Load() {
                   QStringLiteral("Maroval"), ui::Icone::Information);
 }
 
-void General::Ouvrir(const QString& ecran) {
-    OuvrirEcran(ecran, this);
-}
-
 void General::Toolbar2_ButtonClick(const QString& cle) {
     if (cle == QLatin1String("Quitter")) {
         SocQuit_Click();
     } else if (cle == QLatin1String("Plan")) {
-        Ouvrir(QStringLiteral("Plan2"));
+        OuvrirEcran<Plan2>(this);
     } else if (cle == QLatin1String("Saisie")) {
-        if (PorteSaisie()) Ouvrir(QStringLiteral("Choisais"));
+        if (PorteSaisie()) OuvrirEcran<Choisais>(this);
     } else if (cle == QLatin1String("Consult")) {
-        if (PlanAuMoins(10)) Ouvrir(QStringLiteral("Consult"));
+        if (PlanAuMoins(10)) OuvrirEcran<Consult>(this);
     } else if (cle == QLatin1String("Edition")) {
-        if (PlanAuMoins(10) && ControlerSaisies()) Ouvrir(QStringLiteral("Editions"));
+        if (PlanAuMoins(10) && ControlerSaisies()) OuvrirEcran<Editions>(this);
     } else if (cle == QLatin1String("Rappr")) {
-        if (PlanAuMoins(10)) Ouvrir(QStringLiteral("Rappr"));
+        if (PlanAuMoins(10)) OuvrirEcran<Rappr>(this);
     } else if (cle == QLatin1String("Cloture")) {
         ClotureExercice();
     } else if (cle == QLatin1String("Sauver")) {
-        Ouvrir(QStringLiteral("Backup"));
+        OuvrirEcran<Backup>(this);
     } else if (cle == QLatin1String("Analyt")) {
-        if (PlanAuMoins(10)) Ouvrir(QStringLiteral("Analy0"));
+        if (PlanAuMoins(10)) OuvrirEcran<Analy0>(this);
     } else if (cle == QLatin1String("Budget")) {
-        if (PlanAuMoins(10)) Ouvrir(QStringLiteral("Budget00"));
+        if (PlanAuMoins(10)) OuvrirEcran<Budget00>(this);
     } else if (cle == QLatin1String("Tresorerie")) {
         Tresorerie();
     } else if (cle == QLatin1String("Aide")) {
@@ -224,8 +246,8 @@ void General::Toolbar2_ButtonClick(const QString& cle) {
 }
 
 void General::Toolbar2_ButtonMenuClick(const QString& cle) {
-    const QString ecran = EcransDeroulants().value(cle);
-    if (ecran.isEmpty()) return;
+    const auto ouvrir = EcransDeroulants().value(cle);
+    if (!ouvrir) return;
     static const QStringList saisie = {QStringLiteral("SaisDC"), QStringLiteral("Saislog"),
                                        QStringLiteral("Annul"), QStringLiteral("ModifLibel")};
     static const QStringList consultation = {
@@ -235,7 +257,7 @@ void General::Toolbar2_ButtonMenuClick(const QString& cle) {
     // doit pouvoir y accéder.
     if (saisie.contains(cle) && !PorteSaisie()) return;
     if (consultation.contains(cle) && !PlanAuMoins(10)) return;
-    Ouvrir(ecran);
+    ouvrir(this);
 }
 
 void General::SocGerer_Click() {
@@ -248,29 +270,29 @@ void General::SocQuit_Click() {
 }
 
 void General::SMCreer_Click() {
-    Ouvrir(QStringLiteral("Plan2"));
+    OuvrirEcran<Plan2>(this);
 }
 
 void General::SMSauve_Click() {
-    Ouvrir(QStringLiteral("Backup"));
+    OuvrirEcran<Backup>(this);
 }
 
 void General::SMAncienne_Click() {
-    Ouvrir(QStringLiteral("Sauve"));
+    OuvrirEcran<Sauve>(this);
 }
 
 void General::SMRestaure_Click() {
-    if (AvertissementAncienneRestauration(true)) Ouvrir(QStringLiteral("Restaure"));
+    if (AvertissementAncienneRestauration(true)) OuvrirEcran<Restaure>(this);
 }
 
 void General::SMBalFisc_Click() {
     ConseilFiscal();
-    Ouvrir(QStringLiteral("Fiscalite"));
+    OuvrirEcran<Fiscalite>(this);
 }
 
 void General::SMFEC_Click() {
     // Comme les éditions : un plan, et des saisies en ordre.
-    if (PlanAuMoins(10) && ControlerSaisies()) Ouvrir(QStringLiteral("ExportFEC"));
+    if (PlanAuMoins(10) && ControlerSaisies()) OuvrirEcran<ExportFEC>(this);
 }
 
 void General::SMSymbMon_Click() {

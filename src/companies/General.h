@@ -56,7 +56,6 @@ protected:
 
 private:
     void PreparerBarre();
-    void Ouvrir(const QString& ecran);
 
     std::unique_ptr<Ui::General> ui;
     QLabel* panneauDate = nullptr;

@@ -1,7 +1,8 @@
 #pragma once
-// Ouverture des écrans des autres modules depuis l'écran principal : une table explicite
-// du nom de chaque écran livré vers l'ouverture de son type. Un écran pas encore livré n'y
-// est pas : l'entrée de menu qui le demande prévient l'utilisateur au lieu de ne rien faire.
+// Ouverture des écrans des autres modules depuis l'écran principal et ses voisins : chaque
+// appel nomme le type de l'écran. Un écran ouvert ainsi commence une chaîne : "&Quitter"
+// s'arrête à lui. Les essais des menus peuvent relever les ouvertures au lieu de montrer les
+// écrans.
 
 #include <QString>
 #include <functional>
@@ -10,20 +11,23 @@ class QWidget;
 
 namespace ecran {
 
-using Ouvreur = std::function<void(QWidget* parent)>;
+// Nom d'un écran : son type sans l'espace de noms, qui est aussi son objectName.
+template <class T> QString NomEcran() {
+    const QString nom = QString::fromLatin1(T::staticMetaObject.className());
+    return nom.mid(nom.lastIndexOf(QLatin1Char(':')) + 1);
+}
 
-// Ouvre l'écran modal de ce nom ("Plan2", "Choisais"...) au-dessus de parent. Un écran
-// absent montre TexteEcranAbsent() et rend faux.
-bool OuvrirEcran(const QString& nom, QWidget* parent);
-bool EcranDisponible(const QString& nom);
-QString TexteEcranAbsent();
+// Relevé des essais : appelé avant chaque ouverture avec le nom de l'écran ; vrai, l'écran
+// n'est pas montré. Vide (par défaut) : chaque écran se montre.
+using Releve = std::function<bool(const QString& nomEcran)>;
+void FixerReleve(Releve releve);
+bool OuvertureRelevee(const QString& nomEcran);
 
-// Les noms que l'écran principal et les écrans de ce module demandent.
-QStringList NomsEcransDemandes();
-
-// Pour les tests : remplace l'ouverture d'un écran (un ouvreur vide rend l'écran absent) ;
-// OublierOuvreurs rend les vrais écrans.
-void FixerOuvreur(const QString& nom, Ouvreur ouvreur);
-void OublierOuvreurs();
+template <class T> void OuvrirEcran(QWidget* parent) {
+    if (OuvertureRelevee(NomEcran<T>())) return;
+    T e(parent);
+    e.FixerDebutChaine(true);
+    e.exec();
+}
 
 } // namespace ecran

@@ -5,7 +5,9 @@
 #include "companies/OuvertureEcrans.h"
 #include "session/Session.h"
 #include "store/Routines.h"
+#include "treasury/Tresor00.h"
 #include "ui/Boite.h"
+#include "yearend/Cloture.h"
 
 namespace ecran {
 
@@ -78,7 +80,7 @@ void General::ClotureExercice() {
     if (c.DateFin.mid(4, 2) != session().DateSaisieCourante.mid(3, 2) &&
         !Question(QStringLiteral("Vous n'êtes pas en fin d'exercice,\nVoulez-vous continuer ?")))
         return;
-    Ouvrir(QStringLiteral("Cloture"));
+    OuvrirEcran<Cloture>(this);
 }
 
 void General::Tresorerie() {
@@ -105,7 +107,7 @@ void General::Tresorerie() {
                       QStringLiteral("Avertissement")))
             return;
     }
-    Ouvrir(QStringLiteral("Tresor00"));
+    OuvrirEcran<Tresor00>(this);
 }
 
 } // namespace ecran

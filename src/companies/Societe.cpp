@@ -1,5 +1,6 @@
 #include "companies/Societe.h"
 
+#include "backup/Backup.h"
 #include "backup/Restauration.h"
 #include "base/Montant.h"
 #include "base/Reglages.h"
@@ -7,11 +8,11 @@
 #include "base/Valeur.h"
 #include "chart/DonneesPlan.h"
 #include "companies/CreSociete.h"
-#include "store/Exercices.h"
 #include "companies/General.h"
 #include "companies/OuvertureEcrans.h"
 #include "session/Session.h"
 #include "store/Base.h"
+#include "store/Exercices.h"
 #include "store/Routines.h"
 #include "ui/Aide.h"
 #include "ui/Boite.h"
@@ -389,7 +390,7 @@ void Societe::Command4_Click() {
     QWidget* dessous = parentWidget();
     accept();
     // Sauvegarde ouverte depuis le bureau : sa restauration suit le choix.
-    if (EstArchiveLigneCommande(s.LigneCommande)) OuvrirEcran(QStringLiteral("Backup"), dessous);
+    if (EstArchiveLigneCommande(s.LigneCommande)) OuvrirEcran<Backup>(dessous);
 }
 
 void Societe::Command5_Click() {

@@ -163,6 +163,26 @@ private slots:
                  qPrintable("inclusion selon la présence d'un en-tête : " + lieux.join(", ")));
     }
 
+    // Chaque écran s'ouvre par son type, jamais cherché par un nom ; aucune entrée ne renvoie
+    // à une fonction absente.
+    void aucunEcran_ouvertParUnNom() {
+        static const QRegularExpression parNom(
+            QStringLiteral("OuvrirEcran\\s*\\(\\s*(QStringLiteral|QString|QLatin1String|\")"));
+        static const QRegularExpression absente(QStringLiteral("pas encore disponible"),
+                                                QRegularExpression::CaseInsensitiveOption);
+        QStringList lieux;
+        QDirIterator it(Racine() + "/src", {"*.h", "*.cpp", "*.ui"}, QDir::Files,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            QFile f(it.next());
+            QVERIFY(f.open(QIODevice::ReadOnly));
+            const QString texte = QString::fromUtf8(f.readAll());
+            if (texte.contains(parNom) || texte.contains(absente))
+                lieux << QDir(Racine()).relativeFilePath(f.fileName());
+        }
+        QVERIFY2(lieux.isEmpty(), qPrintable(lieux.join(", ")));
+    }
+
     // Un essai n'emprunte pas les aides d'un autre dossier : ce qui sert à plusieurs est dans
     // tests/support/.
     void essais_nIncluentPasLesAidesDUnAutreDossier() {

@@ -26,7 +26,7 @@ inline void OuvrirEssai(const support::DossierEssai& dossier) {
     FermerBase();
     NouvelleSession(dossier.Chemin());
     OuvrirDossier(dossier.Chemin());
-    ecran::OublierOuvreurs();
+    ecran::FixerReleve({});
 }
 
 inline void AjouterComptes(const QString& cle, int nombre) {
@@ -55,15 +55,24 @@ inline QStringList& EcransOuverts() {
     return ouverts;
 }
 
-// Remplace l'ouverture des écrans des autres modules par un simple relevé.
+// Remplace l'ouverture de ces écrans des autres modules par un simple relevé ; les autres
+// se montrent.
 inline void ReleverOuvertures(const QStringList& noms) {
     EcransOuverts().clear();
-    for (const QString& nom : noms)
-        ecran::FixerOuvreur(nom, [nom](QWidget*) { EcransOuverts() << nom; });
+    ecran::FixerReleve([noms](const QString& nom) {
+        if (!noms.contains(nom)) return false;
+        EcransOuverts() << nom;
+        return true;
+    });
 }
 
+// Aucun écran des autres modules ne se montre : chaque ouverture est relevée.
 inline void ReleverToutesOuvertures() {
-    ReleverOuvertures(ecran::NomsEcransDemandes());
+    EcransOuverts().clear();
+    ecran::FixerReleve([](const QString& nom) {
+        EcransOuverts() << nom;
+        return true;
+    });
 }
 
 } // namespace essai

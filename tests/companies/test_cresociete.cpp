@@ -56,7 +56,7 @@ private slots:
         ui::FixerHorloge(QDateTime(QDate(2024, 3, 10), QTime(9, 30)));
     }
     void cleanup() {
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         FermerBase();
         dossier.reset();
     }

@@ -4,6 +4,7 @@
 #include "Essai.h"
 
 #include "companies/General.h"
+#include "companies/Options.h"
 #include "ui/Application.h"
 #include "ui/Fin.h"
 #include "ui/Horloge.h"
@@ -79,7 +80,7 @@ private slots:
     }
     void cleanup() {
         ecran::FermerGeneral();
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         FermerBase();
         dossier.reset();
     }
@@ -406,24 +407,11 @@ private slots:
         QVERIFY(ui::FinDemandee());
     }
 
-    void ecranPasEncoreLivre_lUtilisateurEstPrevenu() {
-        ecran::FixerOuvreur("Plan2", {});
-        ui::RepondreBoite(ui::Reponse::OK);
-        Bouton("Plan");
-        QCOMPARE(essai::TextesBoites(), QStringList({ecran::TexteEcranAbsent()}));
-    }
-
-    void ecransLivres_sontBranchesSurLeursEntrees() {
-        ecran::OublierOuvreurs();
-        const QStringList attendus = {"Plan2",   "Choisais", "SaisDC",   "Saislog",
-                                      "Annul",   "ModifLib", "Consult",  "Journal",
-                                      "Balance", "Resultat", "ConsCpt",  "BilGraph",
-                                      "Backup",  "Cloture",  "Editions", "Fiscalite"};
-        for (const QString& nom : attendus)
-            QVERIFY2(ecran::EcranDisponible(nom), qPrintable(nom));
-        QVERIFY(!ecran::EcranDisponible("EcranInconnu"));
-        QVERIFY(ecran::NomsEcransDemandes().contains("Tresor05"));
-        QCOMPARE(ecran::NomsEcransDemandes().size(), 30);
+    // Le nom relevé est celui du type ouvert, le même que l'objectName de l'écran.
+    void nomDUnEcran_estSonObjectName() {
+        QCOMPARE(ecran::NomEcran<ecran::General>(), QStringLiteral("General"));
+        ecran::Options options;
+        QCOMPARE(ecran::NomEcran<ecran::Options>(), options.objectName());
     }
 
     void ligneDeCommandeSav_lOuverturePrevientQuIlFautChoisir() {

@@ -36,13 +36,13 @@ private slots:
         session() = Session();
         EcrireReglage("intl", "sDecimal", ",");
         ecransDemarrage() = EcransParDefaut();
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         essai::EcransOuverts().clear();
         ui::FixerHorloge(QDateTime(QDate(2024, 3, 12), QTime(8, 0)));
     }
     void cleanup() {
         Arreter();
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         dossier.reset();
     }
 

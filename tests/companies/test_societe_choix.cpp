@@ -50,7 +50,7 @@ private slots:
     }
     void cleanup() {
         ecran::FermerGeneral();
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         FermerBase();
         dossier.reset();
     }

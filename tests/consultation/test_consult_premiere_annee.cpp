@@ -85,7 +85,7 @@ private slots:
         session() = Session();
         EcrireReglage("intl", "sDecimal", ",");
         ecransDemarrage() = EcransParDefaut();
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         ui::FixerHorloge(QDateTime(QDate(2024, 1, 2), QTime(8, 0)));
         QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
         FixerApplicationAssociee(true);
@@ -96,7 +96,7 @@ private slots:
         ecran::FermerGeneral();
         FermerBase();
         LibererDossierDonnees();
-        ecran::OublierOuvreurs();
+        ecran::FixerReleve({});
         dossier.reset();
     }
 
