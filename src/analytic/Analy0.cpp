@@ -9,6 +9,7 @@
 namespace ecran {
 
 Analy0::Analy0(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Analy0>()) {
+    FixerContexteAide(18);
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Analy0::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Analy0::Command2_Click);
@@ -33,7 +34,7 @@ void Analy0::Command3_Click() {
 }
 
 void Analy0::Command5_Click() {
-    ui::AfficherAide(18);
+    MontrerAide();
 }
 
 } // namespace ecran

@@ -44,6 +44,7 @@ const QColor Affectee = QColor(20, 70, 160);
 } // namespace
 
 Analy1::Analy1(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Analy1>()) {
+    FixerContexteAide(18);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Solde")});

@@ -18,6 +18,7 @@ void Attention(const QString& texte) {
 
 Analy1b::Analy1b(QWidget* parent, bool creation, int numero, const QString& nom)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::Analy1b>()), creation(creation) {
+    FixerContexteAide(18);
     ui->setupUi(this);
     session().ModeCreSociete = creation ? 1 : 2;
     if (!creation) {

@@ -35,6 +35,7 @@ Montant Part(Montant montant, qint64 centiemes) {
 
 Analy1c::Analy1c(QWidget* parent, double numEcr, const QString& rappel)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::Analy1c>()), numEcr(numEcr) {
+    FixerContexteAide(18);
     ui->setupUi(this);
     ui->Label1->setText(rappel);
     ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Libellé de la section"),

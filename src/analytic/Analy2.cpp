@@ -12,6 +12,7 @@
 namespace ecran {
 
 Analy2::Analy2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Analy2>()) {
+    FixerContexteAide(18);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Libellé de la section")});
     ui->Tree1->FixerLargeurColonne(0, 60);

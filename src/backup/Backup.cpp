@@ -97,6 +97,7 @@ void OuvrirBackup(QWidget* parent) {
 namespace ecran {
 
 Backup::Backup(QWidget* parent) : ui::EcranModal(parent), formulaire(new Ui::Backup) {
+    FixerContexteAide(21);
     formulaire->setupUi(this);
     ui::Grille* liste = formulaire->SftTree1;
     liste->FixerColonnes({QStringLiteral("\nDate"), QStringLiteral("\nNombre écritures"),

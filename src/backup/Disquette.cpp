@@ -197,7 +197,11 @@ bool CopierExercice(int numSoc, int exercice, const std::function<void(int)>& av
 QString Compresseur() {
     const QString donne = qEnvironmentVariable("MAROVAL_SZDD");
     if (!donne.isEmpty()) return donne;
-    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("maroval-szdd"));
+    // À côté du programme quand il est construit ; installé, parmi ses programmes auxiliaires.
+    const QDir programme(QCoreApplication::applicationDirPath());
+    const QString voisin = programme.filePath(QStringLiteral("maroval-szdd"));
+    const QString installe = programme.filePath(QStringLiteral("../libexec/maroval/maroval-szdd"));
+    return QFile::exists(voisin) || !QFile::exists(installe) ? voisin : QDir::cleanPath(installe);
 }
 
 QString ScriptSauvegarde() {

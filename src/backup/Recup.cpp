@@ -14,6 +14,7 @@
 namespace ecran {
 
 Recup::Recup(QWidget* parent) : ui::EcranModal(parent), forme(new Ui::Recup) {
+    FixerContexteAide(21);
     forme->setupUi(this);
     connect(forme->BRecup, &QPushButton::clicked, this, &Recup::BRecup_Click);
     connect(forme->BResto, &QPushButton::clicked, this, &Recup::BResto_Click);

@@ -28,6 +28,7 @@ void Critique(const QString& texte, const QString& titre = QStringLiteral("Marov
 } // namespace
 
 Restaure::Restaure(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Restaure>()) {
+    FixerContexteAide(21);
     ui->setupUi(this);
     ui->Label2->setText(QStringLiteral("Dossier de la disquette : ") +
                         QDir::toNativeSeparators(DossierDisquette()));

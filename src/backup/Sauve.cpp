@@ -51,6 +51,7 @@ void Sauve::FixerDelaiCompression(int millisecondes) {
 }
 
 Sauve::Sauve(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Sauve>()) {
+    FixerContexteAide(21);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         {QStringLiteral("Date"), QStringLiteral("Disquette"), QStringLiteral("Dernière écriture")});

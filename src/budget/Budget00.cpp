@@ -14,6 +14,7 @@
 namespace ecran {
 
 Budget00::Budget00(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Budget00>()) {
+    FixerContexteAide(17);
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Budget00::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Budget00::Command2_Click);
@@ -63,7 +64,7 @@ void Budget00::Command4_Click() {
 }
 
 void Budget00::Command5_Click() {
-    ui::AfficherAide(17);
+    MontrerAide();
 }
 
 void Budget00::Command6_Click() {

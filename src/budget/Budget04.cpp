@@ -9,6 +9,7 @@
 namespace ecran {
 
 Budget04::Budget04(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Budget04>()) {
+    FixerContexteAide(17);
     ui->setupUi(this);
     const QString an = QString::number(session().ExerciceCourant);
     const QStringList chiffres = {

@@ -22,6 +22,7 @@ QStringList TitresChiffres() {
 
 budget03::budget03(QWidget* parent)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::ControleDetaille>()) {
+    FixerContexteAide(17);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         QStringList{QStringLiteral("Classe"), QStringLiteral("Numéro"), QStringLiteral("Libellé")} +

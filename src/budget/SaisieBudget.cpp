@@ -34,6 +34,7 @@ const QString TotalVide = QStringLiteral("Le total annuel de la prévision doit 
 
 SaisieBudget::SaisieBudget(QWidget* parent, bool suivant)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::SaisieBudget>()), suivant(suivant) {
+    FixerContexteAide(17);
     ui->setupUi(this);
     ui->Text1->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9.,]*")), ui->Text1));

@@ -12,6 +12,7 @@ namespace ecran {
 
 ModifLibCpt::ModifLibCpt(QWidget* parent)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::ModifLibCpt>()) {
+    FixerContexteAide(5);
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &ModifLibCpt::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &ModifLibCpt::Command2_Click);

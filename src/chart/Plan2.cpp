@@ -30,6 +30,7 @@ void Refuser(const QString& texte) {
 } // namespace
 
 Plan2::Plan2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Plan2>()) {
+    FixerContexteAide(5);
     ui->setupUi(this);
     // Entrée dans un champ ne doit actionner aucun bouton, même avant exec().
     for (QPushButton* b : findChildren<QPushButton*>())
@@ -207,7 +208,7 @@ void Plan2::Command2_Click() {
 }
 
 void Plan2::Command3_Click() {
-    ui::AfficherAide(5);
+    MontrerAide();
 }
 
 void Plan2::Command4_Click() {

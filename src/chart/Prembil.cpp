@@ -28,6 +28,7 @@ Montant LireLabel(const QLabel* label) {
 } // namespace
 
 Prembil::Prembil(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Prembil>()) {
+    FixerContexteAide(6);
     ui->setupUi(this);
     actif = {ui->Tree1,
              ui->Label3,
@@ -220,7 +221,7 @@ void Prembil::Command2_Click() {
 }
 
 void Prembil::Command3_Click() {
-    ui::AfficherAide(6);
+    MontrerAide();
 }
 
 void Prembil::Command4_Click() {

@@ -46,6 +46,8 @@ bool TientDansLeMasque(const QString& telephone) {
 CreSociete::CreSociete(QWidget* parent)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::CreSociete>()) {
     ui->setupUi(this);
+    // La page 5 est celle du plan comptable.
+    FixerContexteAide(3);
     ui->Text5->setInputMask(kMasqueTelephone);
     ui->Text5->clear();
     auto* chiffres =
@@ -235,7 +237,7 @@ void CreSociete::closeEvent(QCloseEvent* evenement) {
 }
 
 void CreSociete::Command3_Click() {
-    ui::AfficherAide(3); // la page 5 est celle du plan comptable
+    MontrerAide();
 }
 
 void CreSociete::Command5_Click() {

@@ -46,6 +46,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPointer>
+#include <QShortcut>
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
@@ -118,6 +119,9 @@ General::General(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connect(ui->SMSymbMon, &QAction::triggered, this, &General::SMSymbMon_Click);
     connect(ui->SMIndex, &QAction::triggered, this, &General::SMIndex_Click);
     connect(ui->SMPropos, &QAction::triggered, this, &General::SMPropos_Click);
+    // F1 sur l'écran principal : l'index de l'aide.
+    auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(f1, &QShortcut::activated, this, &General::SMIndex_Click);
 
     panneauDate = new QLabel(this);
     panneauDate->setObjectName(QStringLiteral("Panel1"));

@@ -30,6 +30,7 @@ bool EstNumerique(const QString& texte) {
 }
 
 Options::Options(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Options>()) {
+    FixerContexteAide(23);
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Options::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Options::Command2_Click);

@@ -49,6 +49,7 @@ int LigneChoisie(const QListWidget* liste) {
 } // namespace
 
 Societe::Societe(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Societe>()) {
+    FixerContexteAide(4);
     ui->setupUi(this);
     ui::PreparerChampDate(ui->DateTrav);
     ui->List1->installEventFilter(this);

@@ -43,6 +43,7 @@ void AlignerMontants(ui::Grille* grille) {
 } // namespace
 
 Balance::Balance(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Balance>()) {
+    FixerContexteAide(14);
     ui->setupUi(this);
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);

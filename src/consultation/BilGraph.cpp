@@ -20,6 +20,7 @@ double Valeur(Montant m) {
 
 BilGraph::BilGraph(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::BilGraph>()) {
     ui->setupUi(this);
+    FixerContexteAide(PageInitiation);
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);
     const QList<QPair<QProgressBar*, const char*>> couleurs = {
@@ -191,7 +192,7 @@ void BilGraph::Command1_Click() {
 }
 
 void BilGraph::Command2_Click() {
-    ui::AfficherAide(ContexteAide);
+    ui::AfficherAide(PageInitiation);
 }
 
 } // namespace ecran

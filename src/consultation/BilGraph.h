@@ -25,7 +25,7 @@ public:
     // Pixels par unité.
     static constexpr double Echelle = 0.16;
     // Aide "Initiation originale à la comptabilité".
-    static constexpr int ContexteAide = 40;
+    static constexpr int PageInitiation = 40;
 
     explicit BilGraph(QWidget* parent = nullptr);
     ~BilGraph() override;

@@ -19,7 +19,9 @@
 namespace ecran {
 
 DeuxListes::DeuxListes(QWidget* parent, Genre genre_)
-    : ui::EcranModal(parent), genre(std::move(genre_)) {}
+    : ui::EcranModal(parent), genre(std::move(genre_)) {
+    FixerContexteAide(14);
+}
 
 DeuxListes::~DeuxListes() = default;
 

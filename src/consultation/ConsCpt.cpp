@@ -26,6 +26,7 @@ const QString texteAide = QStringLiteral(
 } // namespace
 
 ConsCpt::ConsCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::ConsCpt>()) {
+    FixerContexteAide(14);
     ui->setupUi(this);
     // Entrée dans un champ ne doit actionner aucun bouton, même avant exec().
     for (QPushButton* b : findChildren<QPushButton*>())

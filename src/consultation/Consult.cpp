@@ -23,6 +23,7 @@ template <class Ecran> void Ouvrir(QWidget* parent) {
 } // namespace
 
 Consult::Consult(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Consult>()) {
+    FixerContexteAide(14);
     ui->setupUi(this);
     for (QPushButton* b : findChildren<QPushButton*>())
         b->setAutoDefault(false);

@@ -9,6 +9,7 @@
 namespace ecran {
 
 DetailCp::DetailCp(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::DetailCp>()) {
+    FixerContexteAide(14);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(TitresLignesCompte());
     const int largeurs[] = {70, 90, 280, 110, 110, 120};

@@ -24,6 +24,7 @@ QString NomExportJournal(const QString& code) {
 }
 
 Journal::Journal(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Journal>()) {
+    FixerContexteAide(14);
     ui->setupUi(this);
     // Le nom du contrôle porte ses accents, comme l'option qu'il désigne.
     ui->BRGeneral->setObjectName(QStringLiteral("BRGénéral"));

@@ -102,7 +102,9 @@ void AffGroupe(ui::Grille* tree2, std::int32_t debut, std::int32_t fin) {
 
 namespace ecran {
 
-EcranJournal::EcranJournal(QWidget* parent) : ui::EcranModal(parent) {}
+EcranJournal::EcranJournal(QWidget* parent) : ui::EcranModal(parent) {
+    FixerContexteAide(22);
+}
 
 void EcranJournal::Brancher(ui::Grille* journal, ui::Grille* groupe, QProgressBar* jauge) {
     tree1 = journal;

@@ -12,6 +12,7 @@
 namespace ecran {
 
 Choisais::Choisais(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Choisais>()) {
+    FixerContexteAide(7);
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Choisais::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Choisais::Command2_Click);
@@ -49,7 +50,7 @@ void Choisais::Command4_Click() {
 }
 
 void Choisais::Command5_Click() {
-    ui::AfficherAide(7);
+    MontrerAide();
 }
 
 void Choisais::Command6_Click() {

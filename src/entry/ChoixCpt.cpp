@@ -29,6 +29,7 @@ bool MenuAvecRappel(const QString& cle) {
 } // namespace
 
 ChoixCpt::ChoixCpt(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::ChoixCpt>()) {
+    FixerContexteAide(10);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Solde")});
@@ -217,7 +218,7 @@ void ChoixCpt::Command2_Click() {
 }
 
 void ChoixCpt::Command5_Click() {
-    ui::AfficherAide(10);
+    MontrerAide();
 }
 
 void ChoixCpt::Command7_Click() {

@@ -12,6 +12,7 @@
 namespace ecran {
 
 SaisDC::SaisDC(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::SaisDC>()) {
+    FixerContexteAide(8);
     ui->setupUi(this);
     for (QRadioButton* o : {ui->Option1, ui->Option2, ui->Option3, ui->Option4, ui->Option5,
                             ui->Option10, ui->Option11, ui->Option12, ui->Option13, ui->Option14}) {

@@ -70,6 +70,7 @@ std::vector<saisie::CompteOffert> ComptesDuJournal(const QString& journal, const
 } // namespace
 
 SaisDC2::SaisDC2(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::SaisDC2>()) {
+    FixerContexteAide(8);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Solde")});
@@ -198,7 +199,7 @@ void SaisDC2::Command2_Click() {
 }
 
 void SaisDC2::Command3_Click() {
-    ui::AfficherAide(8);
+    MontrerAide();
 }
 
 void SaisDC2::Command4_Click() {

@@ -33,6 +33,7 @@ int RangDuCode(const QString& code) {
 } // namespace
 
 SaisQuad::SaisQuad(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::SaisQuad>()) {
+    FixerContexteAide(11);
     ui->setupUi(this);
     for (int rang = 0; rang < 4; ++rang)
         BrancherListe(rang);
@@ -188,7 +189,7 @@ void SaisQuad::Command2_Click() {
 }
 
 void SaisQuad::Command3_Click() {
-    ui::AfficherAide(11);
+    MontrerAide();
 }
 
 void SaisQuad::Command4_Click() {

@@ -14,6 +14,7 @@
 namespace ecran {
 
 Saislog::Saislog(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Saislog>()) {
+    FixerContexteAide(9);
     ui->setupUi(this);
     connect(ui->List1, &QListWidget::itemClicked, this, &Saislog::List1_Click);
     connect(ui->List2, &QListWidget::itemClicked, this, &Saislog::List2_Click);
@@ -86,7 +87,7 @@ void Saislog::Command3_Click() {
 }
 
 void Saislog::Command4_Click() {
-    ui::AfficherAide(9);
+    MontrerAide();
 }
 
 } // namespace ecran

@@ -27,6 +27,7 @@ constexpr int AideFec = 41;
 ExportFEC::ExportFEC(QWidget* parent)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::ExportFEC>()) {
     ui->setupUi(this);
+    FixerContexteAide(AideFec);
     table::Constante k;
     LireConstante(CleCourante(), k);
     ui->Label2->setText(session().NomSocCourante + QStringLiteral(" — exercice du ") +
@@ -98,7 +99,7 @@ void ExportFEC::Command2_Click() {
 }
 
 void ExportFEC::Command3_Click() {
-    ui::AfficherAide(AideFec);
+    MontrerAide();
 }
 
 } // namespace ecran

@@ -30,6 +30,7 @@ constexpr int RefusMontres = 500;
 ImportFEC::ImportFEC(QWidget* parent)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::ImportFEC>()) {
     ui->setupUi(this);
+    FixerContexteAide(AideReprise);
     ui->Tree1->FixerColonnes({QStringLiteral("Journal"), QStringLiteral("Libellé dans le fichier"),
                               QStringLiteral("Écritures"), QStringLiteral("Journal de Maroval")});
     ui->Tree1->FixerLargeurColonne(0, 70);
@@ -236,7 +237,7 @@ void ImportFEC::Command4_Click() {
 }
 
 void ImportFEC::Command5_Click() {
-    ui::AfficherAide(AideReprise);
+    MontrerAide();
 }
 
 void ImportFEC::done(int resultat) {

@@ -45,6 +45,7 @@ void ConseilFiscal() {
 
 Fiscalite::Fiscalite(QWidget* parent) : ui::EcranModal(parent), ui(new Ui::Fiscalite) {
     ui->setupUi(this);
+    FixerContexteAide(AideFiscalite);
     ui->Gauge1->hide();
     ui->Label2->setText(session().NomSocCourante + QStringLiteral(" — exercice ") +
                         QString::number(session().ExerciceCourant));

@@ -9,6 +9,7 @@ namespace ecran {
 
 EditCpt::EditCpt(std::function<void(const QString&)> editer_, QWidget* parent)
     : ui::EcranModal(parent), ui(new Ui::EditCpt), editer(std::move(editer_)) {
+    FixerContexteAide(15);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Solde")});

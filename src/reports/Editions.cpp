@@ -16,6 +16,7 @@
 namespace ecran {
 
 Editions::Editions(QWidget* parent) : ui::EcranModal(parent), ui(new Ui::Editions) {
+    FixerContexteAide(15);
     ui->setupUi(this);
     ui->Gauge1->setRange(0, 100);
     ui->Gauge1->hide();

@@ -17,6 +17,7 @@ PrevisionsTiers::PrevisionsTiers(QWidget* parent, const QString& nom, const QStr
                                  const QString& titreCadre, int menu, const QString& collectif)
     : ui::EcranModal(parent), ui(std::make_unique<Ui::Previsions>()), menu(menu),
       collectif(collectif) {
+    FixerContexteAide(16);
     ui->setupUi(this);
     setObjectName(nom);
     setWindowTitle(titre);

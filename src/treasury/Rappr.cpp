@@ -21,6 +21,7 @@ constexpr int ColonnePointage = 5;
 } // namespace
 
 Rappr::Rappr(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Rappr>()) {
+    FixerContexteAide(12);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes(
         {QStringLiteral("Numéro"), QStringLiteral("Libellé"), QStringLiteral("Solde")});
@@ -165,7 +166,7 @@ void Rappr::Command2_Click() {
 }
 
 void Rappr::Command3_Click() {
-    ui::AfficherAide(12);
+    MontrerAide();
 }
 
 void Rappr::Command4_Click() {

@@ -11,6 +11,7 @@
 namespace ecran {
 
 Tresor00::Tresor00(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor00>()) {
+    FixerContexteAide(16);
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &Tresor00::Command1_Click);
     connect(ui->Command2, &QPushButton::clicked, this, &Tresor00::Command2_Click);
@@ -40,7 +41,7 @@ void Tresor00::Command4_Click() {
 }
 
 void Tresor00::Command5_Click() {
-    ui::AfficherAide(16);
+    MontrerAide();
 }
 
 void Tresor00::Command6_Click() {

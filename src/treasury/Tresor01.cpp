@@ -13,6 +13,7 @@
 namespace ecran {
 
 Tresor01::Tresor01(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor01>()) {
+    FixerContexteAide(16);
     ui->setupUi(this);
     ui->Gauge1->hide();
     connect(ui->Command1, &QPushButton::clicked, this, &Tresor01::Command1_Click);

@@ -29,6 +29,7 @@ const QColor LettreSoldeDebut = QColor(Qt::darkGreen);
 } // namespace
 
 Tresor02::Tresor02(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor02>()) {
+    FixerContexteAide(16);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Libellé"),
                               QStringLiteral("Solde début"), QStringLiteral("Total Débit"),

@@ -13,6 +13,7 @@
 namespace ecran {
 
 Tresor05::Tresor05(QWidget* parent) : ui::EcranModal(parent), ui(std::make_unique<Ui::Tresor05>()) {
+    FixerContexteAide(16);
     ui->setupUi(this);
     ui->Tree1->FixerColonnes({QStringLiteral("Numéro"), QStringLiteral("Nom"),
                               QStringLiteral("Ecriture"), QStringLiteral("Libellé"),

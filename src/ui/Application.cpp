@@ -57,6 +57,8 @@ int ExecuterSousGarde(const std::function<int()>& travail) {
 }
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // Le bureau rattache les fenêtres à l'entrée de menu (icône, nom dans la barre des tâches).
+    setDesktopFileName(QStringLiteral("fr.maroval.Maroval"));
     // Textes des dialogues standard de Qt en français quand la traduction est installée.
     auto* traduction = new QTranslator(this);
     if (traduction->load(QLocale(QLocale::French), QStringLiteral("qtbase"), QStringLiteral("_"),

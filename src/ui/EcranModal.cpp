@@ -1,11 +1,14 @@
 #include "ui/EcranModal.h"
 
+#include "ui/Aide.h"
+
 #include <QApplication>
 #include <QEventLoop>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace ui {
 
@@ -13,7 +16,21 @@ namespace {
 QList<EcranModal*> pile;
 }
 
-EcranModal::EcranModal(QWidget* parent) : QDialog(parent) {}
+EcranModal::EcranModal(QWidget* parent) : QDialog(parent) {
+    // F1 ouvre l'aide de l'écran, où que soit le focus.
+    auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    f1->setContext(Qt::WindowShortcut);
+    connect(f1, &QShortcut::activated, this, &EcranModal::MontrerAide);
+}
+
+void EcranModal::MontrerAide() {
+    for (QWidget* w = this; w; w = w->parentWidget())
+        if (const auto* e = qobject_cast<EcranModal*>(w); e && e->contexteAide > 0) {
+            AfficherAide(e->contexteAide);
+            return;
+        }
+    AfficherAideIndex();
+}
 
 EcranModal::~EcranModal() {
     pile.removeAll(this);

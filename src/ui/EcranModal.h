@@ -37,12 +37,18 @@ public:
     // le bouton marqué par défaut (setDefault), jamais le bouton qui a le focus.
     void FixerEchapFerme(bool ferme) { echapFerme = ferme; }
 
+    // Page d'aide de l'écran, que F1 ouvre ; 0 : celle d'un écran du dessous, sinon l'index.
+    void FixerContexteAide(int contexte) { contexteAide = contexte; }
+    int ContexteAide() const { return contexteAide; }
+
     bool Charge() const { return boucle != nullptr; }
     bool MasqueParPile() const { return masqueParPile; }
     // Vrai quand l'écran a été déchargé par un "&Quitter".
     bool Quitte() const { return quitte; }
 
 public slots:
+    // La page de l'écran (ou de l'écran du dessous qui en a une), sinon l'index de l'aide.
+    void MontrerAide();
     void Retour();
     // Décharge cet écran et ceux du dessous jusqu'au début de la chaîne inclus (cet écran
     // seul s'il n'est dans aucune chaîne).
@@ -69,6 +75,7 @@ private:
     bool debutChaine = false;
     bool masquerDessous = true;
     bool echapFerme = false;
+    int contexteAide = 0;
 };
 
 // Montre un écran de type T de façon modale au-dessus de parent, puis le décharge.

@@ -41,6 +41,7 @@ Montant Affiche(Montant m) {
 } // namespace
 
 Cloture::Cloture(QWidget* parent) : ui::EcranModal(parent), ui(new Ui::Cloture) {
+    FixerContexteAide(13);
     ui->setupUi(this);
     ui->Gauge1->setRange(0, 100);
     ui->Gauge1->hide();
@@ -196,7 +197,7 @@ void Cloture::Command3_Click() {
 }
 
 void Cloture::Command4_Click() {
-    ui::AfficherAide(13);
+    MontrerAide();
 }
 
 } // namespace ecran

@@ -200,7 +200,7 @@ private slots:
     }
 
     void aide_initiationEnFrancais() {
-        QVERIFY(QFile::exists(ui::PageAide(ecran::BilGraph::ContexteAide)));
+        QVERIFY(QFile::exists(ui::PageAide(ecran::BilGraph::PageInitiation)));
         auto e = MontrerEcran<ecran::BilGraph>();
         support::CliquerBouton(e.get(), "Command2");
         QTRY_VERIFY(ui::FenetreAide() && ui::FenetreAide()->isVisible());
