@@ -1,8 +1,9 @@
 # Raccourcis : tout passe par CMake et Ninja dans build/.
 BUILD ?= build
 JOBS ?= 2
+PREFIX ?= /usr/local
 
-.PHONY: run test bench fuzz configure build dependances clean format
+.PHONY: run test bench fuzz configure build dependances clean format install paquet captures
 
 dependances:
 	@bash scripts/dependances.sh
@@ -19,6 +20,18 @@ run: build
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+# Installation sur ce bureau (PREFIX, et DESTDIR pour une arborescence à part).
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+	@if [ -z "$$DESTDIR" ] && command -v update-mime-database >/dev/null; then \
+	  update-mime-database $(PREFIX)/share/mime; fi
+	@if [ -z "$$DESTDIR" ] && command -v update-desktop-database >/dev/null; then \
+	  update-desktop-database $(PREFIX)/share/applications; fi
+
+# Paquet Debian dans $(BUILD)/ : apt install ./$(BUILD)/maroval_*.deb
+paquet: build
+	cd $(BUILD) && cpack -G DEB
 
 bench: configure
 	cmake --build $(BUILD) -j $(JOBS) --target benchs

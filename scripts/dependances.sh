@@ -3,7 +3,8 @@
 set -euo pipefail
 paquets=(cmake ninja-build g++ make pkg-config qt6-base-dev libsqlite3-dev libsqlitecpp-dev
          libzip-dev poppler-utils xvfb xauth unzip clang libclang-rt-14-dev fonts-dejavu-core
-         qt6-translations-l10n mscompress)
+         qt6-translations-l10n mscompress dpkg-dev desktop-file-utils appstream xdg-utils
+         shared-mime-info libglib2.0-bin)
 manquants=()
 for p in "${paquets[@]}"; do
   if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed'; then
