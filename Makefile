@@ -33,6 +33,13 @@ install: build
 paquet: build
 	cd $(BUILD) && cpack -G DEB
 
+# Chaque écran photographié dans une société générée : PNG dans $(BUILD)/captures.
+captures: configure
+	cmake --build $(BUILD) -j $(JOBS) --target maroval-captures
+	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
+	  xvfb-run -a -s "-screen 0 1280x1024x24" $(BUILD)/captures/maroval-captures $(BUILD)/captures; \
+	else $(BUILD)/captures/maroval-captures $(BUILD)/captures; fi
+
 bench: configure
 	cmake --build $(BUILD) -j $(JOBS) --target benchs
 	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done; true

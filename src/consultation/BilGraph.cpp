@@ -59,8 +59,10 @@ void BilGraph::Empiler(const QList<Tranche>& pile, double total) {
         const double hauteur = Valeur(p.montant) * (HauteurPile / total);
         p.jauge->setProperty("Haut", haut);
         p.jauge->setProperty("Hauteur", hauteur);
-        p.jauge->setGeometry(p.jauge->x(), qRound(haut * Echelle), p.jauge->width(),
-                             std::max(1, qRound(hauteur * Echelle)));
+        const int pixels = std::max(1, qRound(hauteur * Echelle));
+        p.jauge->setGeometry(p.jauge->x(), qRound(haut * Echelle), p.jauge->width(), pixels);
+        // Une tranche trop mince pour son nom le tairait à moitié : le montant à côté suffit.
+        p.jauge->setTextVisible(pixels >= p.jauge->fontMetrics().height() + 2);
         if (p.etiquette) {
             const double hautEtiquette = haut + hauteur / 2;
             p.etiquette->setProperty("Haut", hautEtiquette);
