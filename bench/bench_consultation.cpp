@@ -87,8 +87,6 @@ int main(int argc, char** argv) {
                     genere.ecritures, genere.secondes);
     }
     generateur::OuvrirGenere(dossier);
-    session().NomsMois = {"Janvier", "Février", "Mars",      "Avril",   "Mai",      "Juin",
-                          "Juillet", "Août",    "Septembre", "Octobre", "Novembre", "Décembre"};
     MajFormatMontant(2);
     if (rangCaptures > 0) {
         Captures(QCoreApplication::arguments().value(rangCaptures + 1, QStringLiteral("/tmp")));

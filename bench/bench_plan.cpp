@@ -33,8 +33,6 @@ void OuvrirExercice(const QString& dossier) {
     s.ExerciceCourant = 2024;
     s.DateSaisieCourante = QStringLiteral("15/03/2024");
     s.MonnaieExercice = QStringLiteral("E");
-    s.NomsMois = {"Janvier", "Février", "Mars",      "Avril",   "Mai",      "Juin",
-                  "Juillet", "Août",    "Septembre", "Octobre", "Novembre", "Décembre"};
     s.MoisDebutExercice = 10;
     MajFormatMontant(2);
     QFile::copy(QStringLiteral(":/data/maroval.ini"), dossier + QStringLiteral("/maroval.ini"));

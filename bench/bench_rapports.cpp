@@ -124,9 +124,6 @@ int main(int argc, char** argv) {
             const QString capture = qEnvironmentVariableIsSet("MAROVAL_CAPTURES")
                                         ? qEnvironmentVariable("MAROVAL_CAPTURES")
                                         : QStringLiteral(".");
-            session().NomsMois = {"Janvier",   "Février", "Mars",     "Avril",
-                                  "Mai",       "Juin",    "Juillet",  "Août",
-                                  "Septembre", "Octobre", "Novembre", "Décembre"};
             etats::RemplirJourCent(CleCourante(), session().NomsMois, {});
             const QList<std::pair<QString, Document>> etats = {
                 {"balance", EtatBalance("G")},      {"balance-clients", EtatBalance("C")},

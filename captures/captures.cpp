@@ -132,8 +132,6 @@ int main(int argc, char** argv) {
     generateur::Generer(options);
     generateur::OuvrirGenere(donnees.path());
     Session& s = session();
-    s.NomsMois = {"Janvier", "Février", "Mars",      "Avril",   "Mai",      "Juin",
-                  "Juillet", "Août",    "Septembre", "Octobre", "Novembre", "Décembre"};
     s.DateSaisieCourante = QStringLiteral("31/12/2024");
     s.NomSocCourante = QStringLiteral("Boulangerie Martin");
     table::Societe societe;

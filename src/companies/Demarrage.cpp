@@ -198,12 +198,6 @@ bool Demarrage(const QStringList& arguments) {
 
     if (!ControleSymboleDecimal()) return false;
 
-    s.NomsMois = {
-        QStringLiteral("Janvier"), QStringLiteral("Février"),  QStringLiteral("Mars"),
-        QStringLiteral("Avril"),   QStringLiteral("Mai"),      QStringLiteral("Juin"),
-        QStringLiteral("Juillet"), QStringLiteral("Août"),     QStringLiteral("Septembre"),
-        QStringLiteral("Octobre"), QStringLiteral("Novembre"), QStringLiteral("Décembre")};
-
     // Une base abîmée ou étrangère n'est jamais ouverte en écriture : on propose la reprise.
     const QString base = QDir(donnees).filePath(QStringLiteral("maroval.mdb"));
     const DiagnosticBase diagnostic = ControlerBase(base);

@@ -20,7 +20,12 @@ struct Session {
     QString Decimales = QStringLiteral("0.00");
     QString FormatMontant = QStringLiteral("### ### ### ##0.00 E");
     double TauxConversion = 1;
-    QStringList NomsMois;
+    // Les mois en français, tels que les écrans et les états les écrivent.
+    QStringList NomsMois = {
+        QStringLiteral("Janvier"), QStringLiteral("Février"),  QStringLiteral("Mars"),
+        QStringLiteral("Avril"),   QStringLiteral("Mai"),      QStringLiteral("Juin"),
+        QStringLiteral("Juillet"), QStringLiteral("Août"),     QStringLiteral("Septembre"),
+        QStringLiteral("Octobre"), QStringLiteral("Novembre"), QStringLiteral("Décembre")};
     bool ModeDebug = false;
     bool AucuneSociete = false;
     std::int16_t ModeCreSociete = 0;

@@ -124,8 +124,6 @@ private slots:
         options.fournisseurs = 8;
         generateur::Generer(options);
         generateur::OuvrirGenere(dossier.Chemin());
-        session().NomsMois = {"Janvier", "Février", "Mars",      "Avril",   "Mai",      "Juin",
-                              "Juillet", "Août",    "Septembre", "Octobre", "Novembre", "Décembre"};
         session().DateSaisieCourante = QStringLiteral("31/12/2024");
         QCOMPARE(etats::ExtraireExercice(dossier.Chemin(), CleCourante()),
                  etats::Extraction::Faite);

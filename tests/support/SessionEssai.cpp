@@ -14,8 +14,6 @@ void NouvelleSession(const QString& dossier) {
     s = Session();
     s.DossierDonnees = dossier;
     s.DossierProgramme = dossier;
-    s.NomsMois = {"Janvier", "Février", "Mars",      "Avril",   "Mai",      "Juin",
-                  "Juillet", "Août",    "Septembre", "Octobre", "Novembre", "Décembre"};
 }
 
 void CopierIniLivre(const QString& dossier) {
