@@ -1,7 +1,8 @@
 // Le premier mois d'un nouvel utilisateur, par les écrans seulement : dossier neuf, création
 // de la société, plan standard, bilan d'ouverture clos, ventes en saisie logique, règlement
 // et achat en débits et crédits, une contre-passation ; puis journal, balance, bilan, compte
-// de résultat et exports comparés aux chiffres calculés ici à part.
+// de résultat et exports comparés aux chiffres calculés ici à part ; enfin la fin de
+// l'année par les seuls menus : grand livre en PDF, balance fiscale, exercice suivant.
 
 #include "EssaiConsultation.h"
 #include "support/GestesGrille.h"
@@ -209,6 +210,71 @@ private slots:
             QCOMPARE(Texte(r.get(), "Label4"), QStringLiteral("1 000,00 E"));
             QCOMPARE(Texte(r.get(), "Label10"), QStringLiteral("700,00 E"));
         }
+
+        // La fin de l'année par les seuls menus de l'écran principal : grand livre imprimé
+        // en PDF, balance fiscale et son fichier, plan de l'exercice suivant.
+        ecran::General* general = ecran::General::Instance();
+        QVERIFY(general);
+        session().DateSaisieCourante = QStringLiteral("31/12/2024");
+        const auto parLeMenu = [&](const QString& cle, const QString& ecran,
+                                   const support::Action& action) {
+            PiloteModal p;
+            p.Attendre(ecran, action);
+            p.Demarrer();
+            general->Action(cle)->trigger();
+            return p.AttendreFin() ? QString() : p.Echec();
+        };
+        const QString livre = dossier->Fichier("grand-livre.pdf");
+        QCOMPARE(parLeMenu("Edition", "Editions",
+                           [&](QWidget* f) {
+                               f->findChild<QCheckBox*>("CBPdf")->setChecked(true);
+                               ui::RepondreFichier(livre);
+                               support::CliquerBouton(f, "Command7");
+                               support::CliquerBouton(f, "Command3");
+                           }),
+                 QString());
+        const QString texteLivre = essai::TextePdf(livre);
+        QVERIFY2(texteLivre.contains("GRAND LIVRE") && texteLivre.contains("Achat farine"),
+                 qPrintable(texteLivre.left(400)));
+
+        const QString liaison = dossier->Fichier("liaison.txt");
+        const QString balance = dossier->Fichier("balance-fiscale.pdf");
+        ui::RepondreBoite(ui::Reponse::Non); // pas d'aide avant la balance fiscale
+        QCOMPARE(parLeMenu("SMBalFisc", "Fiscalite",
+                           [&](QWidget* f) {
+                               f->findChild<QCheckBox*>("CBPdf")->setChecked(true);
+                               ui::RepondreFichier(liaison);
+                               ui::RepondreBoite(ui::Reponse::OK);
+                               ui::RepondreFichier(balance);
+                               support::CliquerBouton(f, "Command3");
+                               support::CliquerBouton(f, "Command2");
+                           }),
+                 QString());
+        const QByteArray fichier = LireFichier(liaison);
+        QVERIFY(fichier.size() > 0);
+        QCOMPARE(fichier.size() % 125, 0); // 123 octets et CR LF par ligne
+        QVERIFY(essai::TextePdf(balance).contains("BALANCE FISCALE"));
+
+        QCOMPARE(parLeMenu("Cloture", "Cloture",
+                           [&](QWidget* f) {
+                               ui::RepondreBoite(ui::Reponse::OK);
+                               ui::RepondreBoite(ui::Reponse::Non); // pas de transfert provisoire
+                               support::CliquerBouton(f, "Command1");
+                               support::CliquerBouton(f, "Command3");
+                           }),
+                 QString());
+        table::Constante suivant;
+        QVERIFY(LireConstante(CleExercice(session().NumSocCourante, 2025), suivant));
+        // Le plan de l'exercice suivant : les comptes que l'année a servis et les quatre fixes.
+        const auto comptes = [](int annee, const std::string& filtre) {
+            return Compter("SELECT COUNT(*) FROM Compte WHERE CleCpt='" +
+                           CleExercice(session().NumSocCourante, annee).toStdString() + "'" +
+                           filtre);
+        };
+        const int servis = comptes(2024, " AND (Sde <> 0 OR CumD <> 0 OR CumC <> 0 OR NumCpt IN "
+                                         "('400', '410', '699', '799'))");
+        QVERIFY(servis >= 10);
+        QCOMPARE(comptes(2025, ""), servis);
         QVERIFY2(garde.inattendues.isEmpty(), qPrintable(garde.inattendues.join(" | ")));
     }
 };

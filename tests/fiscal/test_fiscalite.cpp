@@ -5,6 +5,7 @@
 #include "EssaiFiscal.h"
 #include "support/Captures.h"
 #include "support/DossierEssai.h"
+#include "support/Outils.h"
 #include "support/PiloteModal.h"
 
 #include "base/Reglages.h"
@@ -50,13 +51,6 @@ void Creer(ecran::Fiscalite& e) {
 
 int LignesFiscal() {
     return essai::Compter("SELECT count(*) FROM Fiscal");
-}
-
-QString TexteDuPdf(const QString& chemin) {
-    QProcess p;
-    p.start("pdftotext", {"-layout", chemin, "-"});
-    p.waitForFinished(20000);
-    return QString::fromUtf8(p.readAllStandardOutput());
 }
 
 } // namespace
@@ -214,7 +208,7 @@ private slots:
         QVERIFY(!QFile::exists(dossier->Fichier("balfisc.tmp")));
         QVERIFY(e.findChild<QProgressBar*>("Gauge1")->isHidden());
 
-        const QString texte = TexteDuPdf(pdf);
+        const QString texte = essai::TextePdf(pdf);
         QVERIFY(texte.contains("BALANCE FISCALE"));
         QVERIFY(texte.contains("Page 1 / 1"));
         QVERIFY(texte.contains(session().NomSocCourante));

@@ -260,10 +260,7 @@ private slots:
         int pages = 0;
         QCOMPARE(EcrirePdf(d, chemin, QStringLiteral("31/03/2024"), &pages), QString());
         QCOMPARE(pages, 1);
-        QProcess p;
-        p.start("pdftotext", {"-layout", chemin, "-"});
-        QVERIFY(p.waitForFinished(20000));
-        const QString t = QString::fromUtf8(p.readAllStandardOutput());
+        const QString t = essai::TextePdf(chemin);
         QVERIFY(t.contains("BALANCE GENERALE"));
         QVERIFY(t.contains("Page 1 / 1"));
         for (const QString& numero : Cellules(d, 0))

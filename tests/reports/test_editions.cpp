@@ -37,13 +37,6 @@ int Lignes(const QString& base, const std::string& sql) {
     return q.executeStep() ? q.getColumn(0).getInt() : -1;
 }
 
-QString TexteDuPdf(const QString& chemin) {
-    QProcess p;
-    p.start("pdftotext", {"-layout", chemin, "-"});
-    p.waitForFinished(20000);
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
-
 void Cliquer(QWidget& e, const char* nom) {
     QTest::mouseClick(e.findChild<QPushButton*>(nom), Qt::LeftButton);
 }
@@ -62,7 +55,7 @@ class TestEditions : public QObject {
         const QString chemin = dossier->Fichier(nom);
         ui::RepondreFichier(chemin);
         Cliquer(e, bouton);
-        return TexteDuPdf(chemin);
+        return essai::TextePdf(chemin);
     }
 
 private slots:
@@ -197,7 +190,7 @@ private slots:
         QCOMPARE(solde, FormaterMontant(essai::LireCpt("512").Solde, session().FormatMontant));
         QCOMPARE(ui::JournalBoites().last().texte,
                  QStringLiteral("Voulez-vous éditer le compte 512 ?"));
-        const QString t = TexteDuPdf(chemin);
+        const QString t = essai::TextePdf(chemin);
         QVERIFY2(t.contains("EDITION D'UN COMPTE"), qPrintable(t));
         QVERIFY(t.contains("512"));
         QVERIFY(!t.contains("411001"));

@@ -3,6 +3,7 @@
 // (comptés à part dans la base d'extraction), totaux de la vérification des livres,
 // « Page n / N » sur chaque page et autant de pages que la mise en pages l'a calculé.
 #include "support/DossierEssai.h"
+#include "support/Outils.h"
 
 #include "Generateur.h"
 #include "posting/Verification.h"
@@ -32,12 +33,8 @@ Relu EcrireEtRelire(const Document& d, const QString& chemin) {
     Relu r;
     const QString erreur = EcrirePdf(d, chemin, QStringLiteral("31/12/2024"), &r.calculees);
     if (!erreur.isEmpty()) qFatal("%s", qPrintable(erreur));
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), chemin, QStringLiteral("-")});
-    if (!p.waitForFinished(60000)) qFatal("pdftotext ne répond pas");
-    r.pages = QString::fromUtf8(p.readAllStandardOutput()).split(QLatin1Char('\f'));
-    // pdftotext finit la dernière page par un saut de page.
-    if (!r.pages.isEmpty() && r.pages.last().trimmed().isEmpty()) r.pages.removeLast();
+    r.pages = essai::PagesPdf(chemin);
+    if (r.pages.isEmpty()) qFatal("pdftotext ne relit pas %s", qPrintable(chemin));
     return r;
 }
 

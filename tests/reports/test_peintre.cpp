@@ -3,6 +3,7 @@
 // chaque page, « Page n / N », reports justes, libellés trop longs coupés, fichier jamais
 // laissé à moitié.
 #include "support/DossierEssai.h"
+#include "support/Outils.h"
 
 #include "reports/Document.h"
 #include "reports/Peintre.h"
@@ -45,15 +46,6 @@ Document GrandLivre(int n) {
                   {debit ? m : Montant(), debit ? Montant() : m});
     }
     return d;
-}
-
-QStringList PagesDuPdf(const QString& chemin) {
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), chemin, QStringLiteral("-")});
-    if (!p.waitForFinished(30000)) return {};
-    QStringList pages = QString::fromUtf8(p.readAllStandardOutput()).split(QChar('\f'));
-    if (!pages.isEmpty() && pages.last().trimmed().isEmpty()) pages.removeLast();
-    return pages;
 }
 
 } // namespace
@@ -111,7 +103,7 @@ private slots:
         QCOMPARE(EcrirePdf(d, chemin, QStringLiteral("23/11/2026"), &pages), QString());
         const std::vector<Page> prevues = MettreEnPages(d);
         QCOMPARE(pages, int(prevues.size()));
-        const QStringList texte = PagesDuPdf(chemin);
+        const QStringList texte = essai::PagesPdf(chemin);
         QCOMPARE(texte.size(), pages);
         Montant debit;
         for (int p = 0; p < pages; ++p) {
@@ -152,7 +144,7 @@ private slots:
         imprimante.setOutputFileName(chemin);
         const int pages = Peindre(d, imprimante, QStringLiteral("23/11/2026"));
         QCOMPARE(pages, int(MettreEnPages(d).size()));
-        const QStringList texte = PagesDuPdf(chemin);
+        const QStringList texte = essai::PagesPdf(chemin);
         QCOMPARE(texte.size(), pages);
         QVERIFY(texte.last().contains(QStringLiteral("Page %1 / %1").arg(pages)));
         QVERIFY(texte.first().contains(QStringLiteral("GRAND LIVRE")));
@@ -167,7 +159,7 @@ private slots:
                                   TexteMontant(Montant::depuisCentimes(123456789))});
         const QString chemin = dossier.Fichier("long.pdf");
         QCOMPARE(EcrirePdf(d, chemin, QStringLiteral("23/11/2026")), QString());
-        const QString t = PagesDuPdf(chemin).value(0);
+        const QString t = essai::PagesPdf(chemin).value(0);
         QVERIFY(t.contains(QStringLiteral("Règlement xxx")));
         QVERIFY(!t.contains(QStringLiteral(" FIN")));
         QVERIFY(t.contains(QStringLiteral("…")));
@@ -181,7 +173,7 @@ private slots:
         int pages = 0;
         QCOMPARE(EcrirePdf(d, chemin, QStringLiteral("23/11/2026"), &pages), QString());
         QCOMPARE(pages, 1);
-        QVERIFY(PagesDuPdf(chemin).value(0).contains(QStringLiteral("Page 1 / 1")));
+        QVERIFY(essai::PagesPdf(chemin).value(0).contains(QStringLiteral("Page 1 / 1")));
     }
 
     // Un dossier où l'on ne peut écrire : le message, aucun fichier ; un arrêt demandé en

@@ -5,6 +5,7 @@
 #include "ui/Boite.h"
 
 #include <QFile>
+#include <QProcess>
 #include <SQLiteCpp/Statement.h>
 
 namespace essai {
@@ -37,6 +38,19 @@ QStringList TextesBoites() {
 QByteArray LireFichier(const QString& chemin) {
     QFile f(chemin);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<absent>");
+}
+
+QString TextePdf(const QString& chemin) {
+    QProcess p;
+    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), chemin, QStringLiteral("-")});
+    if (!p.waitForFinished(60000)) return {};
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+QStringList PagesPdf(const QString& chemin) {
+    QStringList pages = TextePdf(chemin).split(QLatin1Char('\f'));
+    if (!pages.isEmpty() && pages.last().trimmed().isEmpty()) pages.removeLast();
+    return pages;
 }
 
 } // namespace essai

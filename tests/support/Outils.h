@@ -27,4 +27,9 @@ QStringList TextesBoites();
 // Contenu d'un fichier, ou "<absent>" : un fichier manquant se voit dans le message.
 QByteArray LireFichier(const QString& chemin);
 
+// Le texte d'un PDF relu par pdftotext, mise en page gardée ; vide s'il ne se lit pas.
+QString TextePdf(const QString& chemin);
+// Ses pages, sans la page vide que pdftotext laisse après le dernier saut de page.
+QStringList PagesPdf(const QString& chemin);
+
 } // namespace essai
