@@ -242,6 +242,18 @@ void OuvrirGenere(const QString& dossier) {
     RetenirComptes();
 }
 
+Resultat GenererPuisOuvrir(const QString& dossier, int lignesVisees, int clients,
+                           int fournisseurs) {
+    Options o;
+    o.dossier = dossier;
+    o.lignesVisees = lignesVisees;
+    o.clients = clients;
+    o.fournisseurs = fournisseurs;
+    const Resultat r = Generer(o);
+    OuvrirGenere(dossier);
+    return r;
+}
+
 void PoserVente(int client, long long htCentimes, const QString& date) {
     const QString c = Client(client);
     const QString lib = QStringLiteral("Facture ") + c;

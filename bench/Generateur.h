@@ -43,6 +43,10 @@ Resultat Generer(const Options& options);
 // Ouvre la base d'un dossier généré et met la session sur son exercice.
 void OuvrirGenere(const QString& dossier);
 
+// Une année de cette taille générée dans dossier, puis ouverte (les autres options par
+// défaut) : ce que les essais d'écrans et les captures demandent.
+Resultat GenererPuisOuvrir(const QString& dossier, int lignesVisees, int clients, int fournisseurs);
+
 // Une vente de trois lignes (client, ventes, TVA collectée) posée dans wSaisie, prête à
 // être passée ; montant hors taxe en centimes.
 void PoserVente(int client, long long htCentimes, const QString& dateAAAAMMJJ);

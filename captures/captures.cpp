@@ -124,13 +124,7 @@ int main(int argc, char** argv) {
     QDir().mkpath(g_dossier);
 
     QTemporaryDir donnees;
-    generateur::Options options;
-    options.dossier = donnees.path();
-    options.lignesVisees = 3000;
-    options.clients = 25;
-    options.fournisseurs = 8;
-    generateur::Generer(options);
-    generateur::OuvrirGenere(donnees.path());
+    generateur::GenererPuisOuvrir(donnees.path(), 3000, 25, 8);
     Session& s = session();
     s.DateSaisieCourante = QStringLiteral("31/12/2024");
     s.NomSocCourante = QStringLiteral("Boulangerie Martin");

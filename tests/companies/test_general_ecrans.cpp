@@ -71,13 +71,7 @@ class TestGeneralEcrans : public QObject {
 
 private slots:
     void initTestCase() {
-        generateur::Options options;
-        options.dossier = dossier.Chemin();
-        options.lignesVisees = 1500;
-        options.clients = 12;
-        options.fournisseurs = 5;
-        generateur::Generer(options);
-        generateur::OuvrirGenere(dossier.Chemin());
+        generateur::GenererPuisOuvrir(dossier.Chemin(), 1500, 12, 5);
         session().DateSaisieCourante = QStringLiteral("31/12/2024");
         session().NomSocCourante = QStringLiteral("Boulangerie Martin");
         ecran::FixerReleve({});

@@ -156,13 +156,7 @@ class TestFecReprise : public QObject {
 
 private slots:
     void initTestCase() {
-        generateur::Options options;
-        options.dossier = dossier.Chemin();
-        options.lignesVisees = 2500;
-        options.clients = 20;
-        options.fournisseurs = 6;
-        generateur::Generer(options);
-        generateur::OuvrirGenere(dossier.Chemin());
+        generateur::GenererPuisOuvrir(dossier.Chemin(), 2500, 20, 6);
         cleGeneree = CleCourante();
     }
     void init() {

@@ -114,13 +114,7 @@ class TestEtatsAnnee : public QObject {
 
 private slots:
     void initTestCase() {
-        generateur::Options options;
-        options.dossier = dossier.Chemin();
-        options.lignesVisees = 3000;
-        options.clients = 25;
-        options.fournisseurs = 8;
-        generateur::Generer(options);
-        generateur::OuvrirGenere(dossier.Chemin());
+        generateur::GenererPuisOuvrir(dossier.Chemin(), 3000, 25, 8);
         session().DateSaisieCourante = QStringLiteral("31/12/2024");
         QCOMPARE(etats::ExtraireExercice(dossier.Chemin(), CleCourante()),
                  etats::Extraction::Faite);
