@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace ecran {
 
@@ -109,12 +110,21 @@ void ImportFEC::ChargerFichier(const QString& chemin) {
             j.code);
         ui->Tree1->FixerDonneeCellule(ligne, ColonneJournal, j.propose);
     }
+    // Un nom proposé, à changer : le SIREN que porte le nom du fichier, sinon ce nom.
+    if (ui->Text1->text().trimmed().isEmpty()) {
+        static const QRegularExpression siren(QStringLiteral("^(\\d{9})FEC\\d{8}"),
+                                              QRegularExpression::CaseInsensitiveOption);
+        const QRegularExpressionMatch m = siren.match(nom);
+        ui->Text1->setText(m.hasMatch() ? QStringLiteral("Société ") + m.captured(1)
+                                        : QFileInfo(chemin).completeBaseName().left(30));
+    }
     QString debut, fin;
     fec::DatesProposees(fichier, nom, debut, fin);
     ui::FixerTexteDate(ui->Text2, DateVersEcran(debut));
     ui::FixerTexteDate(ui->Text3, DateVersEcran(fin));
     if (ui->Tree1->NombreLignes() > 0) ui->Tree1->FixerLigneCourante(0);
     ui->Text1->setFocus(Qt::OtherFocusReason);
+    ui->Text1->selectAll();
 }
 
 void ImportFEC::MontrerJournal() {

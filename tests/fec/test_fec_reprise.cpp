@@ -520,7 +520,10 @@ private slots:
         QTest::keyClick(choix, Qt::Key_Down);
         QTest::keyClick(choix, Qt::Key_Down);
         QCOMPARE(journaux->Texte(3, 3), QStringLiteral("Opérations diverses"));
-        // Sans nom : refusé.
+        // Un nom proposé d'après le SIREN du nom du fichier ; effacé, la reprise le demande.
+        auto* nom = e.findChild<QLineEdit*>("Text1");
+        QCOMPARE(nom->text(), QStringLiteral("Société 123456782"));
+        nom->clear();
         ui::RepondreBoite(Reponse::OK);
         QTest::mouseClick(e.findChild<QPushButton*>("Command2"), Qt::LeftButton);
         QCOMPARE(essai::TextesBoites().last(),
@@ -570,6 +573,29 @@ private slots:
         const QString cle = CleExercice(e.NumSocCreee(), 2024);
         QCOMPARE(
             essai::Compter("SELECT count(*) FROM Ecriture WHERE CleCpt=? AND Journal='D'", cle), 4);
+    }
+
+    // Le fichier choisi, « Importer » suffit : nom, dates et journaux sont proposés.
+    void ecran_importerSansRienTaper() {
+        const QString chemin = dossier.Fichier("export-compta.txt");
+        QFile sortie(chemin);
+        QVERIFY(sortie.open(QIODevice::WriteOnly));
+        sortie.write(FichierEtranger());
+        sortie.close();
+        const int avant = Societes();
+        ecran::ImportFEC e;
+        ui::RepondreFichier(chemin);
+        QTest::mouseClick(e.findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        QCOMPARE(e.findChild<QLineEdit*>("Text1")->text(), QStringLiteral("export-compta"));
+        ui::RepondreBoite(Reponse::OK);
+        QTest::mouseClick(e.findChild<QPushButton*>("Command2"), Qt::LeftButton);
+        QVERIFY2(essai::TextesBoites().last().startsWith(
+                     "La comptabilité « export-compta » est reprise : "),
+                 qPrintable(essai::TextesBoites().last()));
+        QCOMPARE(Societes(), avant + 1);
+        table::Societe s;
+        QVERIFY(LireSociete(e.NumSocCreee(), s));
+        QCOMPARE(s.Nom.trimmed(), QStringLiteral("export-compta"));
     }
 
     // Depuis la création d'une société, le bouton ouvre la reprise ; fermée sans rien faire,
