@@ -28,7 +28,7 @@ Budget04::Budget04(QWidget* parent) : ui::EcranModal(parent), ui(std::make_uniqu
             }
         }
     }
-    if (session().DateSaisieCourante.mid(3, 2).toInt() == session().MoisDebutExercice)
+    if (budget::PremierMois(session().DateSaisieCourante, session().MoisDebutExercice))
         ui->Option2->setEnabled(false);
     for (const auto& [bouton, mode] : {std::pair{ui->Option1, 1}, std::pair{ui->Option2, 2}})
         connect(bouton, &QRadioButton::toggled, this, [this, mode = mode](bool coche) {

@@ -43,8 +43,7 @@ budget03::budget03(QWidget* parent)
             g->FixerColonneTriable(c, false);
             if (c >= 1) g->FixerAlignementColonne(c, Qt::AlignRight | Qt::AlignVCenter);
         }
-    // Au premier mois de l'exercice, il n'y a pas de mois précédent à arrêter.
-    if (session().DateSaisieCourante.mid(3, 2).toInt() == session().MoisDebutExercice)
+    if (budget::PremierMois(session().DateSaisieCourante, session().MoisDebutExercice))
         ui->Option2->setEnabled(false);
     for (const auto& [bouton, mode] : {std::pair{ui->Option1, 1}, std::pair{ui->Option2, 2}})
         connect(bouton, &QRadioButton::toggled, this, [this, mode = mode](bool coche) {

@@ -47,6 +47,10 @@ bool EnregistrerPrevisions(const QString& cle, const QString& numBud, bool suiva
     return MajBudget(cle, numBud, b);
 }
 
+bool PremierMois(const QString& dateSaisie, int moisDebutExercice) {
+    return dateSaisie.mid(3, 2).toInt() == moisDebutExercice;
+}
+
 int MoisArret(const QString& dateSaisie, int modeCumul, int* annee) {
     const int m = dateSaisie.mid(3, 2).toInt();
     int a = dateSaisie.right(4).toInt();

@@ -28,6 +28,9 @@ bool EnregistrerPrevisions(const QString& cle, const QString& numBud, bool suiva
 // Mois d'arrêt des cumuls : celui de la date de saisie (mode 1) ou le précédent (mode 2, qui
 // revient à décembre de l'année d'avant en janvier). annee reçoit l'année de ce mois.
 int MoisArret(const QString& dateSaisie, int modeCumul, int* annee = nullptr);
+// Vrai quand la date de saisie tombe dans le premier mois de l'exercice : il n'y a alors pas
+// de mois précédent où arrêter les cumuls.
+bool PremierMois(const QString& dateSaisie, int moisDebutExercice);
 
 struct Cumuls {
     Montant reelAnterieur, reel, prevision, ecart;
