@@ -231,13 +231,13 @@ QString NomJournalMaroval(const QString& code) {
 }
 
 std::vector<JournalDuFichier> JournauxDuFichier(const FichierLu& f) {
-    struct Compte {
+    struct Genres {
         int ventes = 0, achats = 0, tresorerie = 0, autres = 0;
         bool ouverture = true; // toutes ses écritures au premier jour, sur des comptes de bilan
         bool ouvreLeFichier = false;
     };
     std::vector<JournalDuFichier> journaux;
-    std::map<QString, Compte> comptes;
+    std::map<QString, Genres> genres;
     QHash<QString, int> rang;
     bool premiere = true;
     for (const EcritureLue& e : f.ecritures) {
@@ -246,7 +246,7 @@ std::vector<JournalDuFichier> JournauxDuFichier(const FichierLu& f) {
             journaux.push_back({e.journalCode, e.lignes.front().journalLib.trimmed(), 0, {}});
         }
         ++journaux[rang.value(e.journalCode)].ecritures;
-        Compte& c = comptes[e.journalCode];
+        Genres& c = genres[e.journalCode];
         bool sept = false, six = false, quaranteEtUn = false, quarante = false, cinq = false;
         for (const LigneLue& l : e.lignes) {
             const QString n = l.compteNum.trimmed();
@@ -271,7 +271,7 @@ std::vector<JournalDuFichier> JournauxDuFichier(const FichierLu& f) {
     static const QSet<QString> codesOuverture = {QStringLiteral("AN"), QStringLiteral("RAN"),
                                                  QStringLiteral("ANO"), QStringLiteral("OUV")};
     for (JournalDuFichier& j : journaux) {
-        const Compte& c = comptes[j.code];
+        const Genres& c = genres[j.code];
         const QString code = j.code.trimmed().toUpper();
         if (codesOuverture.contains(code) || (c.ouverture && c.ouvreLeFichier)) {
             j.propose = QStringLiteral("AN");
