@@ -10,7 +10,6 @@
 
 #include "ui_ImportFEC.h"
 
-#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -256,16 +255,6 @@ void ImportFEC::done(int resultat) {
         return;
     }
     ui::EcranModal::done(resultat);
-}
-
-void ImportFEC::closeEvent(QCloseEvent* evenement) {
-    // Fermer pendant la reprise vaut l'annuler.
-    if (enCours) {
-        annulation = true;
-        evenement->ignore();
-        return;
-    }
-    ui::EcranModal::closeEvent(evenement);
 }
 
 } // namespace ecran

@@ -31,12 +31,9 @@ public slots:
     void Command4_Click();
     void Command5_Click();
 
-    // Fermer l'écran pendant la reprise (Échap, la croix) vaut l'annuler : l'écran reste
+    // Fermer l'écran pendant la reprise (la croix) vaut l'annuler : l'écran reste
     // ouvert jusqu'à ce que tout soit retiré.
     void done(int resultat) override;
-
-protected:
-    void closeEvent(QCloseEvent* evenement) override;
 
 private:
     void ChargerFichier(const QString& chemin);

@@ -59,7 +59,7 @@ struct CompteRepris {
 // caractères.
 class PlanDuFichier {
 public:
-    PlanDuFichier(const FichierLu& f, const QHash<QString, QString>& journaux, QStringList* refus) {
+    PlanDuFichier(const FichierLu& f, const QHash<QString, QString>& journaux, QStringList& refus) {
         for (const EcritureLue& e : f.ecritures) {
             const bool an = journaux.value(e.journalCode) == QLatin1String("AN");
             for (const LigneLue& l : e.lignes) {
@@ -71,7 +71,7 @@ public:
                     c.ligne = l.ligne;
                     ordre << n;
                 }
-                const bool tiers = numeros.value(Cle(l)) != Normaliser(l.compteNum);
+                const bool tiers = LigneDeTiers(l);
                 const QString libelle = (tiers ? l.compAuxLib : l.compteLib).trimmed();
                 if (c.libelle.isEmpty()) c.libelle = libelle;
                 // Le libellé d'un collectif vient aussi des lignes de ses tiers.
@@ -106,27 +106,31 @@ private:
         return Normaliser(l.compteNum) + QLatin1Char('\x1f') + Normaliser(l.compAuxNum);
     }
 
-    QString Numero(const LigneLue& l, QStringList* refus) {
+    // Un client ou un fournisseur : un compte auxiliaire sur un compte 40 ou 41.
+    static bool LigneDeTiers(const LigneLue& l) {
+        const QString general = Normaliser(l.compteNum);
+        return !Normaliser(l.compAuxNum).isEmpty() &&
+               (general.startsWith(QLatin1String("40")) || general.startsWith(QLatin1String("41")));
+    }
+
+    QString Numero(const LigneLue& l, QStringList& refus) {
         const QString cle = Cle(l);
         const auto deja = numeros.constFind(cle);
         if (deja != numeros.cend()) return *deja;
         const QString general = Normaliser(l.compteNum);
-        const QString aux = Normaliser(l.compAuxNum);
         QString n;
-        if (!aux.isEmpty() &&
-            (general.startsWith(QLatin1String("40")) || general.startsWith(QLatin1String("41")))) {
-            n = NumeroTiers(general.left(2), aux);
+        if (LigneDeTiers(l)) {
+            n = NumeroTiers(general.left(2), Normaliser(l.compAuxNum));
         } else {
             n = general;
             // Un numéro trop long perd d'abord ses zéros de fin (60110000000 : 60110000).
             while (n.size() > 8 && n.endsWith(QLatin1Char('0')))
                 n.chop(1);
             if (n.size() > 8) {
-                if (refus)
-                    *refus << QStringLiteral("Ligne %1 : le compte %2 a plus de huit caractères ; "
-                                             "Maroval ne peut pas le reprendre.")
-                                  .arg(l.ligne)
-                                  .arg(l.compteNum.trimmed());
+                refus << QStringLiteral("Ligne %1 : le compte %2 a plus de huit caractères ; "
+                                        "Maroval ne peut pas le reprendre.")
+                             .arg(l.ligne)
+                             .arg(l.compteNum.trimmed());
                 n.clear();
             }
         }
@@ -312,7 +316,12 @@ void DatesProposees(const FichierLu& f, const QString& nomFichier, QString& debu
     fin = fFin.toString(FormatAaaammjj);
 }
 
-QStringList ControlerReprise(const FichierLu& f, const Parametres& p) {
+namespace {
+
+// Les contrôles de la reprise, sur le plan déjà tiré du fichier (refusDuPlan : ce que ce
+// tirage a refusé).
+QStringList Controler(const FichierLu& f, const Parametres& p, const PlanDuFichier& plan,
+                      const QStringList& refusDuPlan) {
     QStringList refus;
     if (p.nom.trimmed().isEmpty()) refus << QStringLiteral("Vous devez entrer un nom.");
     const QDate debut = Jour(p.debut), fin = Jour(p.fin);
@@ -341,7 +350,7 @@ QStringList ControlerReprise(const FichierLu& f, const Parametres& p) {
             break;
         }
     }
-    const PlanDuFichier plan(f, p.journaux, &refus);
+    refus += refusDuPlan;
     for (const QString& n : plan.ordre) {
         const CompteRepris& c = plan.comptes[n];
         const QString classe = ClasseDuFiltre(n);
@@ -361,6 +370,14 @@ QStringList ControlerReprise(const FichierLu& f, const Parametres& p) {
     return refus;
 }
 
+} // namespace
+
+QStringList ControlerReprise(const FichierLu& f, const Parametres& p) {
+    QStringList refusDuPlan;
+    const PlanDuFichier plan(f, p.journaux, refusDuPlan);
+    return Controler(f, p, plan, refusDuPlan);
+}
+
 Resultat ReprendreFec(const FichierLu& f, const Parametres& p,
                       const std::function<bool(int, int)>& avancement) {
     Resultat r;
@@ -368,12 +385,13 @@ Resultat ReprendreFec(const FichierLu& f, const Parametres& p,
         r.erreur = f.refus.join(QLatin1Char('\n'));
         return r;
     }
-    const QStringList refus = ControlerReprise(f, p);
+    QStringList refusDuPlan;
+    const PlanDuFichier plan(f, p.journaux, refusDuPlan);
+    const QStringList refus = Controler(f, p, plan, refusDuPlan);
     if (!refus.isEmpty()) {
         r.erreur = refus.join(QLatin1Char('\n'));
         return r;
     }
-    const PlanDuFichier plan(f, p.journaux, nullptr);
     const Session avant = session();
     Session& s = session();
     std::int64_t compteur = 0;

@@ -360,6 +360,21 @@ private slots:
         QCOMPARE(Societes(), avant);
     }
 
+    // Un numéro de plus de huit caractères perd ses zéros de fin et garde son libellé.
+    void compteTropLong_perdSesZerosDeFin() {
+        const fec::FichierLu f = fec::LireFec(
+            Fichier({L("OD", 1, "20240105", "60110000000", "Achats de farine", "", "", "x", "10,00",
+                       "0,00"),
+                     L("OD", 1, "20240105", "512", "Banque", "", "", "x", "0,00", "10,00")}));
+        QCOMPARE(f.refus, QStringList());
+        const fec::Resultat r = fec::ReprendreFec(f, ParametresDe(f, "Zéros"));
+        QCOMPARE(r.erreur, QString());
+        table::Compte c;
+        QVERIFY(LireCompte(CleExercice(r.numSoc, r.annee), "60110000", c));
+        QCOMPARE(c.LibCpt.trimmed(), QStringLiteral("Achats de farine"));
+        QCOMPARE(SoldeDebiteur(CleExercice(r.numSoc, r.annee), "60110000"), essai::Euros(10));
+    }
+
     void annulation_rienNeReste() {
         const fec::FichierLu f = fec::LireFec(FichierEtranger());
         const QString avant = support::EmpreinteLivres();
